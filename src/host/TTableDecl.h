@@ -1,0 +1,59 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace alinhavo {
+
+/// What a column holds. The physical type on each server follows from it.
+enum class TColumnKind {
+    Text,     ///< up to `width` characters, stored without trailing blanks
+    Integer,  ///< whole number, 64 bits
+    Float,    ///< double precision
+    Date,     ///< calendar date
+    DateTime, ///< date and hour, to the second
+    Identity, ///< whole number filled by the database on insertion, growing with insertion order
+};
+
+struct TColumnDecl {
+    std::string_view name;
+    TColumnKind kind;
+    int width = 0;                 ///< characters of a Text column; 0 for the other kinds
+    std::string_view caption = {}; ///< Portuguese name shown to a person; empty: the column's own name
+};
+
+/// An access path. `columns` is a comma-separated list of column names.
+struct TIndexDecl {
+    std::string_view columns;
+    bool unique = false;
+};
+
+/// Rows of `columns` are held by a row of `table`: the database refuses to delete that row while they exist.
+/// Blank codes are exempt where the declaration says so, since the module writes an empty text where a code is absent.
+struct TForeignKeyDecl {
+    std::string_view columns;
+    std::string_view table;
+    std::string_view references;
+};
+
+/// One table of the host's database, as data: creation, migration, maintenance screens and checks are made from it.
+struct TTableDecl {
+    std::string_view name;
+    std::string_view caption;             ///< Portuguese name shown to a person
+    std::string_view key;                 ///< comma-separated columns of the primary key, the only NOT NULL ones
+    std::span<const TColumnDecl> columns;
+    std::span<const TIndexDecl> indexes = {};
+    std::span<const TForeignKeyDecl> foreignKeys = {};
+    bool global = false;                  ///< one for all companies; otherwise each company has its own
+};
+
+/// All tables, by name in ascending order.
+std::span<const TTableDecl> Tables();
+
+/// The declaration of a table, or null when there is none. Case does not count.
+const TTableDecl* FindTable(std::string_view name);
+
+/// The declaration of a column, or null when the table has none of that name. Case does not count.
+const TColumnDecl* FindColumn(const TTableDecl& table, std::string_view name);
+
+} // namespace alinhavo
