@@ -6,9 +6,9 @@ target_compile_options(alinhavo_options INTERFACE
   -Wimplicit-fallthrough -Werror)
 target_include_directories(alinhavo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
-# One library for the calling folder: its *.cpp files, linked against exactly what is named.
+# One library for the calling folder: the *.cpp files of it and of its folders, linked against exactly what is named.
 function(alinhavo_library name)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE alinhavo_options ${ARGN})
