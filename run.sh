@@ -30,5 +30,5 @@ if [ ! -e $banco ]; then
     mv $banco.parcial $banco
 fi
 
-echo "As telas ainda não abrem no navegador: executando os roteiros, e depois os da demonstração."
+echo "A fábrica de demonstração está em $banco. As telas ainda não abrem no navegador: executando os roteiros."
 exec $alinhavo roteiro tests/roteiros

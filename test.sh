@@ -55,7 +55,7 @@ run_rapido() {
     step build build release || return 0
     check link build release module_links_alone || true
     unset ALINHAVO_TEST_POSTGRESQL
-    suite tests-firebird test_programs release '' || true
+    suite tests-firebird test_programs release . || true
     roteiros_firebird release
 }
 
@@ -64,7 +64,7 @@ run_default() {
     step build build release || return 0
     check link build release module_links_alone || true
     postgresql || return 0
-    suite tests test_programs release '' || true
+    suite tests test_programs release . || true
     roteiros_firebird release
     roteiros_postgresql release
     browser
@@ -77,7 +77,7 @@ run_completo() {
     local sanitizer
     for sanitizer in asan tsan; do
         step "build-$sanitizer" build $sanitizer || continue
-        suite "tests-$sanitizer" test_programs $sanitizer '' || true
+        suite "tests-$sanitizer" test_programs $sanitizer . || true
         roteiros_firebird $sanitizer
         roteiros_postgresql $sanitizer
     done
