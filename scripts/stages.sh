@@ -90,8 +90,8 @@ report() {
     printf '%-28s %-24s %8s s\n' "$1" "$2" "$(seconds_since "$3")"
 }
 
-# The end of a log, without the lines that tell of success.
+# The end of a log, without the lines that tell of success and the compiler's command lines.
 show_failure() {
-    grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed )|^\[[0-9]+/[0-9]+\] ' "$1" | tail -n 60 | sed 's/^/    /'
+    grep -vE '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test .* Passed )|^\[[0-9]+/[0-9]+\] |^(: && )?/[^ ]*/(c\+\+|cmake|ccache) |^[0-9]+ warnings? ' "$1" | tail -n 60 | sed 's/^/    /'
     echo "    (all of it: ${1#"$root"/})"
 }
