@@ -6,8 +6,6 @@ cd "$(dirname "$0")"
 . scripts/common.sh
 # shellcheck source=scripts/install.sh
 . scripts/install.sh
-# shellcheck source=scripts/build.sh
-. scripts/build.sh
 
 readonly alinhavo=build/release/bin/alinhavo
 readonly banco=dados/demo.fdb
@@ -15,7 +13,7 @@ readonly banco=dados/demo.fdb
 install_packages build run
 echo "Compilando (na primeira vez leva alguns minutos)…"
 mkdir -p build
-if ! build release alinhavo >build/run.log 2>&1; then
+if ! scripts/build.sh release alinhavo >build/run.log 2>&1; then
     tail -n 30 build/run.log >&2
     echo "A compilação falhou; o registro completo está em build/run.log." >&2
     exit 1

@@ -10,10 +10,14 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/common.sh
 . scripts/install.sh
-. scripts/build.sh
 . scripts/postgresql.sh
 . scripts/stages.sh
-. scripts/test_programs.sh
+
+# Read by the sanitizers' builds alone.
+export ASAN_OPTIONS=detect_stack_use_after_return=1
+export UBSAN_OPTIONS=print_stacktrace=1
+export LSAN_OPTIONS=suppressions=$root/tests/sanitizers/lsan.supp:print_suppressions=0
+export TSAN_OPTIONS=suppressions=$root/tests/sanitizers/tsan.supp
 
 main() {
     local mode=default
@@ -52,19 +56,19 @@ clean_up() {
 
 run_rapido() {
     run_checks || true
-    step build build release || return 0
-    check link build release module_links_alone || true
+    step build scripts/build.sh release || return 0
+    check link scripts/build.sh release module_links_alone || true
     unset ALINHAVO_TEST_POSTGRESQL
-    suite tests-firebird test_programs release . || true
+    suite tests-firebird scripts/test_programs.sh release . || true
     roteiros_firebird release
 }
 
 run_default() {
     run_checks || true
-    step build build release || return 0
-    check link build release module_links_alone || true
+    step build scripts/build.sh release || return 0
+    check link scripts/build.sh release module_links_alone || true
     postgresql || return 0
-    suite tests test_programs release . || true
+    suite tests scripts/test_programs.sh release . || true
     roteiros_firebird release
     roteiros_postgresql release
     browser
@@ -72,12 +76,12 @@ run_default() {
 
 run_completo() {
     run_default
-    check tidy build tidy -k 0 || true
+    check tidy scripts/build.sh tidy -k 0 || true
     [ -n "${ALINHAVO_TEST_POSTGRESQL:-}" ] || return 0
     local sanitizer
     for sanitizer in asan tsan; do
-        step "build-$sanitizer" build $sanitizer || continue
-        suite "tests-$sanitizer" test_programs $sanitizer . || true
+        step "build-$sanitizer" scripts/build.sh $sanitizer || continue
+        suite "tests-$sanitizer" scripts/test_programs.sh $sanitizer . || true
         roteiros_firebird $sanitizer
         roteiros_postgresql $sanitizer
     done
@@ -85,20 +89,20 @@ run_completo() {
 
 run_named() {
     local name
-    step build build release || return 0
+    step build scripts/build.sh release || return 0
     for name in "$@"; do
         case $name in
         module | words | format | shell) check "$name" "scripts/check_$name.sh" || true ;;
-        link) check link build release module_links_alone || true ;;
+        link) check link scripts/build.sh release module_links_alone || true ;;
         scripts) suite scripts tests/scripts/checks_can_fail.sh || true ;;
-        tidy) check tidy build tidy -k 0 || true ;;
+        tidy) check tidy scripts/build.sh tidy -k 0 || true ;;
         *)
             postgresql || return 0
             if [ -e "$name" ]; then
                 roteiros_firebird release "$name"
                 roteiros_postgresql release "$name"
             else
-                suite "tests-$name" test_programs release "$name" || true
+                suite "tests-$name" scripts/test_programs.sh release "$name" || true
             fi
             ;;
         esac
@@ -140,9 +144,9 @@ suffix() {
 
 browser() {
     [ -f client/package.json ] || return 0
-    step client build_client || return 0
+    step client scripts/build_client.sh || return 0
     [ -f tests/client/package.json ] || return 0
-    step client-test-packages npm_packages tests/client || return 0
+    step client-test-packages scripts/npm_packages.sh tests/client || return 0
     suite browser npm test --prefix tests/client || true
 }
 

@@ -1,35 +1,14 @@
-# Building, without doing anything twice. Sourced after common.sh.
-# shellcheck shell=bash disable=SC2154  # root is set in common.sh
+#!/usr/bin/env bash
+# build.sh PRESET [ARGUMENT…]: configures the preset when it never was, and has ninja build the targets (all by default).
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+. "$(dirname "$0")/common.sh"
+preset=$1
+shift
 
 # Objects found in the compiler's cache are good for every copy of the tree.
 export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
 
-# build PRESET [TARGET…]: configures the preset when it never was, and builds the targets (all by default).
-build() {
-    local preset=$1
-    shift
-    if [ ! -f "$root/build/$preset/build.ninja" ]; then
-        (cd "$root" && cmake --preset "$preset")
-    fi
-    ninja -C "$root/build/$preset" "$@"
-}
-
-# Fetches the packages of the npm project in folder $1 when its lock file changed since they were fetched.
-npm_packages() {
-    local folder=$1
-    [ "$folder/node_modules/.package-lock.json" -nt "$folder/package-lock.json" ] && return
-    npm ci --prefix "$folder" --no-audit --no-fund
-    touch "$folder/node_modules/.package-lock.json"
-}
-
-# Builds the browser client when one of its files changed since it was built.
-build_client() {
-    local stamp=$root/build/client.stamp
-    npm_packages "$root/client"
-    if [ -f "$stamp" ] && [ -d "$root/client/dist" ] &&
-        [ -z "$(find "$root/client" \( -name node_modules -o -name dist \) -prune -o -type f -newer "$stamp" -print -quit)" ]; then
-        return
-    fi
-    npm run --prefix "$root/client" build
-    touch "$stamp"
-}
+cd "$root"
+[ -f "build/$preset/build.ninja" ] || cmake --preset "$preset"
+ninja -C "build/$preset" "$@"

@@ -57,7 +57,8 @@ step() {
     report "$name" ok "$begin"
 }
 
-# Runs a command in a process group of its own, so that an interrupt of this one can end all of it.
+# Runs a program in a process group of its own, so that an interrupt of this one can end all of it. A function will not do: the
+# shell would not stop it at an error.
 interruptible() {
     local log=$1 status=0
     shift

@@ -1,17 +1,14 @@
-# Runs the test programs of a build and counts the tests in them. Sourced after common.sh.
-# shellcheck shell=bash disable=SC2154  # root is set in common.sh
+#!/usr/bin/env bash
+# test_programs.sh PRESET REGEX: runs the test programs whose name matches, and closes with the count of the tests in them.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# test_programs PRESET REGEX: ctest over the programs whose name matches; closes with "N passed, N failed".
-test_programs() {
+main() {
     local build=$root/build/$1 results=$root/build/$1/results status=0
     rm -rf "$results"
     mkdir -p "$results"
-    # An own folder of ctest's for its record, and one of the programs' for theirs.
     GTEST_BRIEF=1 GTEST_OUTPUT=xml:$results/ \
-        ASAN_OPTIONS=detect_stack_use_after_return=1 \
-        LSAN_OPTIONS=suppressions=$root/tests/sanitizers/lsan.supp:print_suppressions=0 \
-        TSAN_OPTIONS=suppressions=$root/tests/sanitizers/tsan.supp:halt_on_error=0 \
-        UBSAN_OPTIONS=print_stacktrace=1 \
         ctest --test-dir "$build" --tests-regex "$2" --output-on-failure --parallel "$(nproc)" \
         --output-junit "$results/ctest.junit" --timeout 600 || status=$?
     count_tests "$results"
@@ -45,3 +42,5 @@ gtest_counts() {
         /<failure / && !counted { failed++; counted = 1 }
         END { print tests - failed - skipped - disabled, failed + 0, skipped + 0 }' "$1"
 }
+
+[ "${BASH_SOURCE[0]}" != "$0" ] || main "$@"

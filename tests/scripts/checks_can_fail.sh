@@ -113,18 +113,21 @@ turns red 'link: a name of nobody, built' link_built
 turns red 'link: a library outside the module' link_project puts pq
 
 # The counts that the test command adds up.
-log=$scratch/log
 counts_of() {
-    local output
-    output=$(passed=0 failed=0 && logs=$scratch && { suite log "$@" >/dev/null || true; } && echo "$passed $failed")
-    echo "$output"
+    (
+        logs=$scratch passed=0 failed=0
+        "$@" >/dev/null || true
+        echo "$passed $failed"
+    )
 }
-says "$(counts_of echo '3 passed, 2 failed')" '3 2' 'a closing line is counted'
-says "$(counts_of printf '  1 failed\n  12 passed (3s)\n')" '12 1' 'a closing line in two rows is counted'
-says "$(counts_of echo nothing)" '0 1' 'a suite that names no test has failed'
-says "$(counts_of bash -c 'echo 3 passed, 0 failed; exit 1')" '3 1' 'a suite that ends badly has failed'
-says "$(passed=0 failed=0 && logs=$scratch && { check log false >/dev/null || true; } && echo "$passed $failed")" '0 1' \
-    'a check that ends badly has failed'
+says "$(counts_of suite log echo '3 passed, 2 failed')" '3 2' 'a closing line is counted'
+says "$(counts_of suite log printf '  1 failed\n  12 passed (3s)\n')" '12 1' 'a closing line in two rows is counted'
+says "$(counts_of suite log echo nothing)" '0 1' 'a suite that names no test has failed'
+says "$(counts_of suite log bash -c 'echo 3 passed, 0 failed; exit 1')" '3 1' 'a suite that ends badly has failed'
+says "$(counts_of check log true)" '1 0' 'a check that ends well has passed'
+says "$(counts_of check log false)" '0 1' 'a check that ends badly has failed'
+says "$(counts_of step log true)" '0 0' 'a step that ends well is no test'
+says "$(counts_of step log false)" '0 1' 'a step that ends badly has failed'
 
 mkdir -p "$scratch/results"
 cat >"$scratch/results/ctest.junit" <<'XML'
