@@ -13,6 +13,9 @@ cd "$(dirname "$0")"
 . scripts/postgresql.sh
 . scripts/stages.sh
 
+# Firebird's own lock folder is shared by all of a machine and belongs to whoever came first.
+export FIREBIRD_LOCK=$root/build/firebird
+
 # Read by the sanitizers' builds alone.
 export ASAN_OPTIONS=detect_stack_use_after_return=1
 export UBSAN_OPTIONS=print_stacktrace=1
@@ -33,7 +36,7 @@ main() {
     esac
 
     install_packages build run test
-    mkdir -p "$logs"
+    mkdir -p "$logs" "$FIREBIRD_LOCK"
     trap clean_up EXIT
     trap 'exit 130' INT
     trap 'exit 143' TERM
