@@ -1,0 +1,102 @@
+#pragma once
+
+#include "forms/TValue.h"
+
+#include <concepts>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace alinhavo {
+
+/// A piece of SQL that stands in the source as a literal. Text made at run time cannot become one.
+class TFragment {
+public:
+    template <std::size_t N>
+    consteval TFragment(const char (&text)[N])
+        : text_(text, N - 1)
+    {
+    }
+    constexpr std::string_view Text() const { return text_; }
+
+private:
+    std::string_view text_;
+};
+
+/// The name of a table or column chosen at run time (a size's column, a term's price). Checked when it is made: letters,
+/// digits and underscores, beginning with a letter; anything else raises EDatabaseError (Syntax).
+class TName {
+public:
+    explicit TName(std::string_view name);
+    const std::string& Text() const { return name_; }
+
+private:
+    std::string name_;
+};
+
+/// A list as filter fields hold it: literals separated by commas ('01','02' or 1,2). Text that is no such list, the empty
+/// one included, raises EDatabaseError (Syntax).
+class TLiteralList {
+public:
+    explicit TLiteralList(std::string_view text, char separator = ',');
+    const std::vector<TValue>& Values() const { return values_; }
+
+private:
+    std::vector<TValue> values_;
+};
+
+/// A number that goes unquoted, as typed by a user or held as text (MOV). Text that is no number raises
+/// EDatabaseError (Syntax).
+TValue BareNumber(std::string_view text);
+
+/// A statement composed at run time from literal fragments, values and table marks. A value never becomes part of the
+/// text: each `?` of a fragment (outside quotes) takes the next argument, and the driver binds it. Table marks {FACCAO}
+/// and LIST[expression, separator, order] are resolved by the connection.
+///
+///     TStatement sql("SELECT COR FROM {FACCAO} WHERE NUMERO = ?", order);
+///     if (!part.empty())
+///         sql.Add(" AND PARTE = ?", part);
+class TStatement {
+public:
+    TStatement() = default;
+    TStatement(TFragment fragment, auto&&... arguments) { Add(fragment, std::forward<decltype(arguments)>(arguments)...); }
+
+    /// Appends the fragment. There must be as many `?` as arguments (a std::logic_error otherwise). An argument is a
+    /// value (anything a TValue is made of), a TName, which is written in place of its `?`, or a TLiteralList, whose `?`
+    /// becomes as many placeholders as it has values, separated by commas.
+    TStatement& Add(TFragment fragment, auto&&... arguments)
+    {
+        Begin(fragment);
+        (Argument(std::forward<decltype(arguments)>(arguments)), ...);
+        End();
+        return *this;
+    }
+    TStatement& Add(const TStatement& other);
+
+    /// With `?` for each value: what recurs, and so the key of the cache of prepared statements.
+    const std::string& Text() const { return text_; }
+    const std::vector<TValue>& Values() const { return values_; }
+    bool IsEmpty() const { return text_.empty(); }
+
+    /// As logs and tools see it: texts through Aspas, numbers through PermanecePonto, dates as 'MM/DD/YYYY'.
+    std::string Rendered() const;
+
+private:
+    void Begin(TFragment fragment);
+    void Argument(const TValue& value);
+    void Argument(const TName& name);
+    void Argument(const TLiteralList& list);
+    void End();
+    void CopyToPlaceholder();
+
+    std::string text_;
+    std::vector<TValue> values_;
+    std::string_view rest_; ///< of the fragment that is being added
+};
+
+/// The text as an SQL literal, in single quotes, those inside doubled; an empty text gives ''.
+std::string Aspas(std::string_view text);
+/// The number with a point as decimal separator and no thousands separator.
+std::string PermanecePonto(double number);
+
+} // namespace alinhavo
