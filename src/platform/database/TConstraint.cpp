@@ -35,11 +35,12 @@ TConstraints Collect()
 {
     TConstraints all;
     for (const auto& table : Tables()) {
-        all.emplace(KeyName(table), TConstraint {TConstraintKind::Key, &table, table.key});
+        all.emplace(KeyName(table), TConstraint{TConstraintKind::Key, &table, table.key});
         for (const auto& index : table.indexes)
-            all.emplace(IndexName(table, index), TConstraint {TConstraintKind::Index, &table, index.columns});
+            all.emplace(IndexName(table, index), TConstraint{TConstraintKind::Index, &table, index.columns});
         for (const auto& key : table.foreignKeys)
-            all.emplace(ForeignKeyName(table, key), TConstraint {TConstraintKind::ForeignKey, &table, key.columns, &key});
+            all.emplace(
+                ForeignKeyName(table, key), TConstraint{TConstraintKind::ForeignKey, &table, key.columns, &key});
     }
     return all;
 }

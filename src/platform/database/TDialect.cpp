@@ -26,7 +26,8 @@ std::string TDialect::LocalName(std::string_view table) const
 {
     const TName name(table);
     const auto* declared = FindTable(name.Text());
-    return declared && declared->global ? GlobalTable(name.Text()) : CompanyTable(name.Text());
+    const bool isGlobal = (declared && declared->global) || UpperName(table) == VersionTable;
+    return isGlobal ? GlobalTable(name.Text()) : CompanyTable(name.Text());
 }
 
 std::string UpperName(std::string_view name)

@@ -75,6 +75,9 @@ private:
     TDateTime now_;
 };
 
+/// Holds the version of each company's tables; global, and no table of the declarations, which the screens may show.
+constexpr std::string_view VersionTable = "ALINHAVO_SCHEMA";
+
 /// In upper case, ASCII letters only, as names are compared.
 std::string UpperName(std::string_view name);
 std::string LowerName(std::string_view name);

@@ -39,9 +39,7 @@ public:
 protected:
     /// Runs the statement and answers the rows touched. A first statement that fails, or a write that touches nothing, leaves
     /// nothing open; after any other write the driver calls NotePending.
-    virtual std::int64_t RunAtServer(
-        const std::string& sql, const std::vector<TValue>& values, TTableData* result)
-        = 0;
+    virtual std::int64_t RunAtServer(const std::string& sql, const std::vector<TValue>& values, TTableData* result) = 0;
     virtual void CommitAtServer() = 0;
     virtual void RollbackAtServer() = 0;
     /// From any thread, while a statement runs.

@@ -56,10 +56,7 @@ std::vector<std::span<const TSqlToken>> Parts(std::span<const TSqlToken> tokens,
     return parts;
 }
 
-std::string Unquoted(std::string_view text)
-{
-    return Replace(text.substr(1, text.size() - 2), "''", "'");
-}
+std::string Unquoted(std::string_view text) { return Replace(text.substr(1, text.size() - 2), "''", "'"); }
 
 bool IsNumeric(const TColumnDecl& column)
 {
@@ -159,11 +156,14 @@ void TTranslator::NoteWord(TTokens tokens, std::size_t index, std::string& text)
     else if (IsAnyWord(word, {"WHERE", "HAVING", "GROUP", "ORDER", "ON"}))
         level.clause = TClause::Compared;
 
-    if (word.IsWord("BY") && index >= 2 && IsAnyWord(tokens[index - 1].kind == Blank ? tokens[index - 2] : tokens[index - 1], {"ORDER"})) {
+    if (word.IsWord("BY") && index >= 2
+        && IsAnyWord(tokens[index - 1].kind == Blank ? tokens[index - 2] : tokens[index - 1], {"ORDER"})) {
         level.inOrder = true;
         level.descending = false;
         level.nullsGiven = false;
-    } else if (level.inOrder && IsAnyWord(word, {"LIMIT", "OFFSET", "FETCH", "FOR", "ROWS", "RANGE", "GROUPS", "WITH", "UNION", "RETURNING"})) {
+    } else if (level.inOrder
+        && IsAnyWord(
+            word, {"LIMIT", "OFFSET", "FETCH", "FOR", "ROWS", "RANGE", "GROUPS", "WITH", "UNION", "RETURNING"})) {
         EndOrder(text);
     } else if (word.IsWord("DESC") || word.IsWord("DESCENDING")) {
         level.descending = true;

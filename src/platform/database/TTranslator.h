@@ -49,7 +49,7 @@ private:
     std::vector<TSqlToken> tokens_;
     const std::vector<TValue>* values_;
     std::size_t placeholders_ = 0;
-    std::vector<TLevel> levels_ {TLevel {}};
+    std::vector<TLevel> levels_{TLevel{}};
     std::vector<TListAggregate> lists_;
 };
 

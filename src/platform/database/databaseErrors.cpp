@@ -33,8 +33,8 @@ void RaiseReferenced(std::string_view constraint, std::string_view table)
         throw EDatabaseError(Referenced, "rows of " + UpperName(table) + " refer to the row", UpperName(table));
     const std::string name(known->table->name);
     const auto& key = *known->foreignKey;
-    throw EDatabaseError(
-        Referenced, "rows of " + name + " refer to " + Named(key.table, key.references), name, std::string(key.columns));
+    throw EDatabaseError(Referenced, "rows of " + name + " refer to " + Named(key.table, key.references), name,
+        std::string(key.columns));
 }
 
 void RaiseNotFound(std::string_view constraint, std::string_view table)
@@ -59,7 +59,10 @@ void RaiseNotNull(std::string_view table, std::string_view column)
 }
 
 void RaiseLock() { Raise(Lock, "Registro em uso por outro usuário. Tente novamente em instantes."); }
-void RaiseConnection() { Raise(Connection, "A conexão com o banco de dados foi perdida. O que não estava confirmado não foi gravado."); }
+void RaiseConnection()
+{
+    Raise(Connection, "A conexão com o banco de dados foi perdida. O que não estava confirmado não foi gravado.");
+}
 void RaiseCancelled() { Raise(Cancelled, "Operação cancelada."); }
 void RaiseTooLong() { Raise(Conversion, "a text is too long for its column"); }
 void RaiseNoNumber() { Raise(Conversion, "a text is no number"); }
