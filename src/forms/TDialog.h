@@ -1,0 +1,43 @@
+#pragma once
+
+#include "forms/TDataSet.h"
+#include "forms/TDateTime.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace alinhavo {
+
+enum class TModalResult { None, Ok, Cancel, Yes, No };
+enum class TIcon { Information, Warning, Question, Stop };
+enum class TButtons { Ok, OkCancel, YesNo, YesNoCancel };
+
+/// Something modal that is not a screen: it waits on top of everything until it is answered.
+struct TDialog {
+    enum class TKind { Message, Input, Date, Lookup, File, Supervisor, Picture, Report };
+
+    TKind kind = TKind::Message;
+    std::string title;
+    std::string text;
+    TIcon icon = TIcon::Information;
+    TButtons buttons = TButtons::Ok;
+    TModalResult defaultButton = TModalResult::Ok;
+
+    // Input, Date, File, Supervisor: what stands in the field at first, and then what was answered.
+    std::string value;
+    std::string password;              ///< Supervisor; cleared as soon as it was checked
+    // Lookup: what can be picked. The columns are the dataset's visible fields.
+    TDataSet* rows = nullptr;
+    bool multiple = false;
+    /// Asked for anew with each change of the search text; the lookup refills `rows`.
+    TEvent<std::string_view> OnSearch;
+    std::vector<std::int64_t> picked;  ///< rows of `rows`, from 0
+    // Picture: files to show. Report: number of the report to open.
+    std::vector<std::string> files;
+
+    TModalResult result = TModalResult::None;
+    bool beep = false;                 ///< an alarm: to be heard
+};
+
+} // namespace alinhavo
