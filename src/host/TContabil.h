@@ -18,7 +18,8 @@ public:
     virtual bool PeriodoConciliado(TForm& screen, std::string_view group, TDateTime date) = 0;
     /// Writes the cost-class split of a payable, in the shared transaction.
     virtual void SetRateioClasse(std::string_view numero, std::string_view os, std::string_view tipo, double valor,
-        std::string_view classe, int sequencia, TDateTime data, double indice) = 0;
+        std::string_view classe, int sequencia, TDateTime data, double indice)
+        = 0;
 };
 
 } // namespace alinhavo

@@ -65,7 +65,8 @@ public:
         return ExisteLinha(table, columns, Join(',', values...));
     }
     /// `column` of the first row whose semicolon-separated `keyColumns` equal the values; null when there is none.
-    TValue Busca_Valor(std::string_view table, std::string_view keyColumns, std::string_view column, const auto&... values)
+    TValue Busca_Valor(
+        std::string_view table, std::string_view keyColumns, std::string_view column, const auto&... values)
     {
         return BuscaColuna(table, keyColumns, column, Join(';', values...));
     }
@@ -89,30 +90,34 @@ public:
     virtual std::string PastaPadrao() = 0;
 
     // Users, rights, audit
-    virtual std::string vUsuario() const = 0;       ///< name
+    virtual std::string vUsuario() const = 0; ///< name
     virtual std::string vUsuarioCodigo() const = 0; ///< code
     /// True when the user may go on; when false the user has been told already. Level Supervisor asks for a
     /// supervisor's name and password on top of `screen`.
     virtual bool Acessa(TForm& screen, std::string_view screenClass, TDireito right, TNivel level) = 0;
     /// One audit line with user and hour, in the shared transaction.
-    virtual void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key) = 0;
+    virtual void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key)
+        = 0;
     /// Runs the log viewer on the lines of module and key, an empty one not restricting.
     virtual void AcessaLog(TForm& screen, std::string_view module, std::string_view key) = 0;
 
     // Production
     /// The date foreseen for the return of the order's part from the sector: its lead time (PCP_MOV.DIAS of the plan
     /// when there is one, else CADFLUXO.DIAS) counted in the sector's working days. A blank date stays blank.
-    virtual TDateTime CalculaPrevRetorno(TDateTime date, std::string_view setor, std::string_view parte,
-        std::string_view numero) = 0;
+    virtual TDateTime CalculaPrevRetorno(
+        TDateTime date, std::string_view setor, std::string_view parte, std::string_view numero)
+        = 0;
     /// Unit price of a pending quantity, to three decimals: the first price above zero in the table of the order's type,
     /// of the order, of the subcontractor, the default one; 0 when none has it. Prices of a colour and size count when
     /// they are kept so (FAC270).
-    virtual double GeraPreco(std::string_view numero, std::string_view codigo, std::string_view op, std::string_view parte,
-        std::string_view codcli, std::string_view cor, std::string_view tam, double quantidade) = 0;
+    virtual double GeraPreco(std::string_view numero, std::string_view codigo, std::string_view op,
+        std::string_view parte, std::string_view codcli, std::string_view cor, std::string_view tam, double quantidade)
+        = 0;
     /// True when the subcontractor holds, at that date, every certificate that the product demands; otherwise `mensagem`
     /// lists what is missing, one per line.
-    virtual bool ValidaCertificados(std::string_view produto, std::string_view faccao, TDateTime date,
-        std::string& mensagem, std::string_view tipo) = 0;
+    virtual bool ValidaCertificados(
+        std::string_view produto, std::string_view faccao, TDateTime date, std::string& mensagem, std::string_view tipo)
+        = 0;
     /// Opens the query on the technical sheet of an order (PCPFTOF), one row per input, colour and size of the piece:
     /// TIPO, INSUMO, DESCRICAO, UNIDADE, GRUPO, COR, TAM, PARTE, SETOR, COR_I, DESCCOR_I, SITUACAO, FAIXA, CONSUMO,
     /// CONSUMO_TOTAL (of the whole order), QTDE_BAI and QTDE_BAI_PROD (taken out of stock for the order, as material and
@@ -125,8 +130,9 @@ public:
 
 protected:
     virtual bool ExisteLinha(std::string_view table, std::string_view columns, std::string_view values) = 0;
-    virtual TValue BuscaColuna(std::string_view table, std::string_view keyColumns, std::string_view column,
-        std::string_view values) = 0;
+    virtual TValue BuscaColuna(
+        std::string_view table, std::string_view keyColumns, std::string_view column, std::string_view values)
+        = 0;
 
 private:
     static std::string Join(char separator, const auto&... values)

@@ -3,28 +3,6 @@
 #include "forms/TEdit.h"
 
 namespace alinhavo {
-namespace {
-
-/// Closes a screen at the end of its modal run, also when the session ends in its middle.
-class TLoadedForm {
-public:
-    TLoadedForm(TApplication& application, std::string_view screenClass)
-        : application_(application)
-        , form_(application.LoadForm(screenClass))
-    {
-    }
-    ~TLoadedForm() { application_.CloseForm(form_); }
-    TLoadedForm(const TLoadedForm&) = delete;
-    TLoadedForm& operator=(const TLoadedForm&) = delete;
-
-    TForm& Form() const { return form_; }
-
-private:
-    TApplication& application_;
-    TForm& form_;
-};
-
-} // namespace
 
 TOrvForm::TOrvForm(TApplication& application, std::string className, std::string caption)
     : TForm(application, std::move(className), std::move(caption))
@@ -66,8 +44,7 @@ bool TOrvForm::Executa_Form(std::string_view screenClass)
     ModalResult = TModalResult::None;
     if (!Instalada(screenClass))
         return false;
-    const TLoadedForm loaded(app_, screenClass);
-    loaded.Form().ShowModal();
+    app_.LoadForm(screenClass).ShowModal();
     return ModalResult == TModalResult::Ok;
 }
 
@@ -79,6 +56,9 @@ bool TOrvForm::Instalada(std::string_view screenClass)
     return false;
 }
 
-bool TOrvForm::TelaCarregada(std::string_view screenClass) const { return app_.FindFormByClass(screenClass) != nullptr; }
+bool TOrvForm::TelaCarregada(std::string_view screenClass) const
+{
+    return app_.FindFormByClass(screenClass) != nullptr;
+}
 
 } // namespace alinhavo

@@ -33,7 +33,10 @@ public:
         return Funcoes().Busca_Valor(table, keys, column, values...);
     }
     std::string BuscaParametro(std::string_view group, int number) { return Funcoes().BuscaParametro(group, number); }
-    bool Acessa(TDireito right, TNivel level = TNivel::Usuario) { return Funcoes().Acessa(*this, ClassName(), right, level); }
+    bool Acessa(TDireito right, TNivel level = TNivel::Usuario)
+    {
+        return Funcoes().Acessa(*this, ClassName(), right, level);
+    }
     void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key)
     {
         Funcoes().GeraLog(module, text, operation, key);

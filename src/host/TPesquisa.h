@@ -17,10 +17,10 @@ class TOrvTable;
 struct TTableDecl;
 
 struct TPesquisaOptions {
-    std::string_view BuscaTabela = {};  ///< table to search ("CADFLUXO")
-    std::string_view BuscaCampo = {};   ///< key column ("CODIGO"): shown, searched and ordered by
+    std::string_view BuscaTabela = {}; ///< table to search ("CADFLUXO")
+    std::string_view BuscaCampo = {}; ///< key column ("CODIGO"): shown, searched and ordered by
     bool MultiSelecao = false;
-    std::string_view caption = {};      ///< of the dialog; empty: the table's caption
+    std::string_view caption = {}; ///< of the dialog; empty: the table's caption
 };
 
 /// A lookup dialog over a table, a shared dataset or a SELECT of its own. What the user types is looked for, without
@@ -31,8 +31,8 @@ public:
 
     TPesquisaOptions Options;
     TOrvTable* BuscaTable = nullptr; ///< searched instead of a table when set; its cursor is placed on the row picked
-    TStatement Filtro;               ///< added as a condition; a screen may rewrite it before opening
-    TStatement Select;               ///< a SELECT of its own, instead of a table; no two of its columns have one name
+    TStatement Filtro; ///< added as a condition; a screen may rewrite it before opening
+    TStatement Select; ///< a SELECT of its own, instead of a table; no two of its columns have one name
 
     /// Fired once for each row picked; not at all when the user cancels.
     TEvent<> OnFechaPesquisa;

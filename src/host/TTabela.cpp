@@ -40,7 +40,8 @@ constexpr TSharedName sharedNames[] = {
 
 const TSharedName& FindShared(std::string_view name)
 {
-    const auto found = std::ranges::find_if(sharedNames, [&](const TSharedName& shared) { return SameText(shared.name, name); });
+    const auto found
+        = std::ranges::find_if(sharedNames, [&](const TSharedName& shared) { return SameText(shared.name, name); });
     if (found == std::end(sharedNames))
         throw std::logic_error("no shared dataset is named " + std::string(name));
     return *found;

@@ -14,9 +14,9 @@ public:
     {
     }
 
-    std::string Arquivo;  ///< full path
+    std::string Arquivo; ///< full path
     std::string Arquivo2; ///< shown beside the first; may be empty
-    std::string Titulo;   ///< empty: the screen's caption
+    std::string Titulo; ///< empty: the screen's caption
 
     /// Files that are not there are left out; when none is left the user is told so.
     void Mostra();
