@@ -48,7 +48,7 @@ TEST(TDateTime, KnowsLeapYears)
     EXPECT_FALSE(ValidaData("31/06/2026"));
 }
 
-TEST(TDateTime, ReadsBackWhatItWritesOnEveryDayOfItsYears)
+TEST(TDateTime, ReadsBackWhatItWritesThroughoutItsYears)
 {
     const auto last = TDateTime::FromDate(9999, 12, 31);
     for (auto day = TDateTime::FromDate(1, 1, 1); day <= last; day = day.AddDays(97))
