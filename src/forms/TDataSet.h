@@ -229,6 +229,8 @@ private:
     // Fields
     void Register(TField& field);
     void Unregister(TField& field);
+    /// To its column, which is added when there is none.
+    void Bind(TField& field);
     void BindFields();
     void MakeFields();
     TTableData WithKindsOfFields(TTableData data) const;
