@@ -23,7 +23,7 @@ void TDataSet::CatchUpWithMaster() const
         Relink();
 }
 
-bool TDataSet::Accepts(TRow row) const
+bool TDataSet::Accepts(TRowNumber row) const
 {
     if (master_) {
         if (!linkTests_)
@@ -39,7 +39,7 @@ bool TDataSet::Accepts(TRow row) const
 
 void TDataSet::Refill()
 {
-    view_.Fill([this](TRow row) { return Accepts(row); });
+    view_.Fill([this](TRowNumber row) { return Accepts(row); });
     KeepCursorInside();
 }
 
@@ -199,7 +199,7 @@ void TDataSet::Relink() const
         return;
     linkTests_ = std::move(tests);
     linkIsUntold_ = true;
-    view_.FillFromStart([this](TRow row) { return Accepts(row); });
+    view_.FillFromStart([this](TRowNumber row) { return Accepts(row); });
 }
 
 void TDataSet::MasterMoved()
