@@ -1,6 +1,20 @@
 #pragma once
 
-#include "forms/controls.h"
+#include "forms/TButton.h"
+#include "forms/TCheckBox.h"
+#include "forms/TComboBox.h"
+#include "forms/TDateEdit.h"
+#include "forms/TEdit.h"
+#include "forms/TGrid.h"
+#include "forms/TGroupBox.h"
+#include "forms/TImage.h"
+#include "forms/TMenuItem.h"
+#include "forms/TNumberEdit.h"
+#include "forms/TPageControl.h"
+#include "forms/TPopupMenu.h"
+#include "forms/TRadioGroup.h"
+#include "forms/TRow.h"
+#include "forms/TTabSheet.h"
 #include "forms/TMemTable.h"
 #include "host/TOrvForm.h"
 #include "host/TPesquisa.h"
@@ -79,10 +93,10 @@ public:
     TTbMovimento TbTemp {*this, "TbTemp"};
     TtbBaixaPartes tbBaixaPartes {*this, "tbBaixaPartes"};
     TTbBaixa TbBaixa {*this, "TbBaixa"};
-    TOrvQuery QryFluxo; ///< rows of the chosen flow with their balances, in order
+    TOrvQuery QryFluxo {*this, "QryFluxo", Database()}; ///< rows of the chosen flow with their balances, in order
 
     TPageControl PageControl2 {*this, "PageControl2"};
-    TTabSheet tbsNormal {PageControl2, "tbsNormal", "&Movimentação"};
+    TTabSheet tbsNormal {PageControl2, "tbsNormal", {.caption = "&Movimentação"}};
 
     TGroupBox pnlCabecalho {tbsNormal, "pnlCabecalho"};
     TRow linhaOF {pnlCabecalho, "linhaOF"};
@@ -92,49 +106,58 @@ public:
     TEdit edtDescProduto {linhaOF, "edtDescProduto", {.caption = "Descrição", .maxLength = 80, .readOnly = true}};
 
     TRow linhaSetor {pnlCabecalho, "linhaSetor"};
-    TEdit EdtSetor {linhaSetor, "EdtSetor", {.caption = "&Setor", .maxLength = 3}};
+    TEdit EdtSetor {linhaSetor, "EdtSetor", {.caption = "&Setor", .maxLength = 3, .lookup = true}};
     TEdit edtDescSetor {linhaSetor, "edtDescSetor", {.caption = "Descrição", .readOnly = true}};
     TEdit EdtReprocesso {linhaSetor, "EdtReprocesso", {.caption = "Reprocesso", .maxLength = 3, .readOnly = true}};
-    TEdit edtSetorProx {linhaSetor, "edtSetorProx", {.caption = "Pró&ximo setor", .maxLength = 3}};
+    TEdit edtSetorProx {linhaSetor, "edtSetorProx", {.caption = "Pró&ximo setor", .maxLength = 3, .lookup = true}};
     TEdit edtDescSetorProx {linhaSetor, "edtDescSetorProx", {.caption = "Descrição", .readOnly = true}};
     TComboBox cbMovimento {linhaSetor, "cbMovimento", {.caption = "Mo&vimento"}};
-    TEdit edtMov {linhaSetor, "edtMov", {.caption = "Mov. aberto", .maxLength = 6, .readOnly = true}};
 
     TRow linhaDatas {pnlCabecalho, "linhaDatas"};
     TDateEdit edtDtEntrada {linhaDatas, "edtDtEntrada", {.caption = "Data de &envio"}};
     TDateEdit edtDtProducao {linhaDatas, "edtDtProducao", {.caption = "&Data de produção"}};
     TDateEdit EdtRetorno {linhaDatas, "EdtRetorno", {.caption = "P&rev. retorno"}};
     TEdit edtNota {linhaDatas, "edtNota", {.caption = "&Nota de retorno", .maxLength = 7}};
-    TEdit EdtPedido {linhaDatas, "EdtPedido", {.caption = "Pedido", .maxLength = 12, .readOnly = true}};
-    TDateEdit DtFatPed {linhaDatas, "DtFatPed", {.caption = "Faturamento", .readOnly = true}};
 
     TRow linhaFaccao {pnlCabecalho, "linhaFaccao"};
-    TEdit edtFluxo {linhaFaccao, "edtFluxo", {.caption = "F&luxo", .maxLength = 3}};
-    TEdit edtDescFluxo {linhaFaccao, "edtDescFluxo", {.caption = "Descrição", .readOnly = true}};
-    TEdit edtFaccao {linhaFaccao, "edtFaccao", {.caption = "Fac&ção", .maxLength = 5}};
+    TEdit edtFaccao {linhaFaccao, "edtFaccao", {.caption = "Fac&ção", .maxLength = 5, .lookup = true}};
     TEdit edtDescFaccao {linhaFaccao, "edtDescFaccao", {.caption = "Nome", .readOnly = true}};
-    TEdit edtObs {linhaFaccao, "edtObs", {.caption = "O&bservação", .maxLength = 200}};
-    TEdit edtFacDest {linhaFaccao, "edtFacDest", {.caption = "Facção des&tino", .maxLength = 5}};
+    TEdit edtFacDest {linhaFaccao, "edtFacDest", {.caption = "Facção des&tino", .maxLength = 5, .lookup = true}};
     TEdit edtDescFacDest {linhaFaccao, "edtDescFacDest", {.caption = "Nome", .readOnly = true}};
-    TImage imgFoto {linhaOF, "imgFoto"};
+    TEdit edtMov {linhaFaccao, "edtMov", {.caption = "Movimento aberto", .maxLength = 6, .readOnly = true}};
+    TEdit EdtPedido {linhaFaccao, "EdtPedido", {.caption = "Pedido", .maxLength = 12, .readOnly = true}};
+    TDateEdit DtFatPed {linhaFaccao, "DtFatPed", {.caption = "Faturamento", .readOnly = true}};
+
+    TRow linhaObs {pnlCabecalho, "linhaObs"};
+    TEdit edtObs {linhaObs, "edtObs", {.caption = "O&bservação", .maxLength = 200}};
+    TEdit edtFluxo {linhaObs, "edtFluxo", {.caption = "F&luxo", .maxLength = 3, .lookup = true}};
+    TEdit edtDescFluxo {linhaObs, "edtDescFluxo", {.caption = "Descrição", .readOnly = true}};
+    TGrid dbgFluxo {tbsNormal, "dbgFluxo", QryFluxo, {.caption = "Fluxo da parte", .lines = 5, .readOnly = true, .tabStop = false}};
 
     TRow linhaOpcoes {tbsNormal, "linhaOpcoes"};
     TCheckBox CbProximo {linhaOpcoes, "CbProximo", {.caption = "Abrir Próximo Setor", .checked = true}};
     TCheckBox cbBaixaBarras {linhaOpcoes, "cbBaixaBarras", {.caption = "Movimentar por código de barras"}};
     TCheckBox CbGeraNotaFiscal {linhaOpcoes, "CbGeraNotaFiscal", {.caption = "Gerar Nota Fiscal"}};
 
-    TGroupBox GbBarra {tbsNormal, "GbBarra", "Leitura"};
+    TGroupBox GbBarra {tbsNormal, "GbBarra", {.caption = "Leitura", .visible = false}};
     TEdit EdtBarra {GbBarra, "EdtBarra", {.caption = "Código de barras", .maxLength = 25}};
 
-    TGroupBox GbEstoque {tbsNormal, "GbEstoque", "Estoque"};
+    TGroupBox GbEstoque {tbsNormal, "GbEstoque", {.caption = "Estoque", .visible = false}};
     TEdit edtQual {GbEstoque, "edtQual", {.caption = "Qualidade", .maxLength = 2}};
     TEdit EdtCodTip {GbEstoque, "EdtCodTip", {.caption = "Tipo de movimento", .maxLength = 3}};
     TEdit edtCodDeposito {GbEstoque, "edtCodDeposito", {.caption = "Depósito", .maxLength = 3}};
 
     TPopupMenu PopupMenu1 {*this, "PopupMenu1"};
-    TMenuItem ZerarQuantidades1 {PopupMenu1, "ZerarQuantidades1", "Zerar Quantidades"};
-    TMenuItem Distribuirquantidade1 {PopupMenu1, "Distribuirquantidade1", "Distribuir Quantidades"};
-    TGrid dbg00Grade {tbsNormal, "dbg00Grade", TbTemp};
+    TMenuItem ZerarQuantidades1 {PopupMenu1, "ZerarQuantidades1", {.caption = "Zerar Quantidades"}};
+    TMenuItem Distribuirquantidade1 {PopupMenu1, "Distribuirquantidade1", {.caption = "Distribuir Quantidades"}};
+    TGrid dbg00Grade {tbsNormal, "dbg00Grade", TbTemp,
+        {.caption = "Quantidades",
+            .columns = {{.field = "Mov", .readOnly = true}, {.field = "Cor", .readOnly = true},
+                {.field = "DescCor", .title = "Descrição da cor", .readOnly = true}, {.field = "Tam", .readOnly = true},
+                {.field = "Qt_Orig", .readOnly = true}, {.field = "Quant"}, {.field = "Quant_2"}, {.field = "Quant_I"},
+                {.field = "Quant_F"}, {.field = "Quant_B", .readOnly = true}, {.field = "Saldo", .readOnly = true},
+                {.field = "Necessidade", .readOnly = true}},
+            .onExit = TGridExit::KeepsRow}};
     TNumberEdit EdtQtde {tbsNormal, "EdtQtde", {.caption = "Quantidade Total do Movimento", .readOnly = true}};
 
     TRow pnlControle {tbsNormal, "pnlControle"};
@@ -142,7 +165,7 @@ public:
     TButton btn00Fechar {pnlControle, "btn00Fechar", {.caption = "&Fechar"}};
     TRow pnlConfirma {tbsNormal, "pnlConfirma"};
     TButton btn00Confirmar {pnlConfirma, "btn00Confirmar", {.caption = "Confirm&ar"}};
-    TButton btn00Desiste {pnlConfirma, "btn00Desiste", {.caption = "Desis&tir", .cancel = true}};
+    TButton btn00Desiste {pnlConfirma, "btn00Desiste", {.caption = "Desis&tir", .role = TButtonRole::Cancel}};
 
     TPesquisa PqFluxo {*this, "PqFluxo", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};
     TPesquisa PqSetorProx {*this, "PqSetorProx", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};
@@ -159,6 +182,8 @@ public:
     void edtOFNumExit();
     void CbParteExit();
     void EdtSetorExit();
+    void EdtSetorChange();
+    void edtSetorProxChange();
     void edtSetorProxExit();
     void cbMovimentoExit();
     void edtDtEntradaExit();
@@ -166,7 +191,9 @@ public:
     void EdtRetornoExit();
     void edtFluxoChange();
     void edtFluxoExit();
+    void edtFaccaoChange();
     void edtFaccaoExit();
+    void edtFacDestChange();
     void edtFacDestExit();
     void edtFacDestKeyDown(TKey& key);
     void cbBaixaBarrasClick();
@@ -175,12 +202,19 @@ public:
     void edtCodDepositoExit();
     void ZerarQuantidades1Click();
     void Distribuirquantidade1Click();
-    void dbg00GradeKeyDown(TKey& key, TGridColumn* column);
+    void dbg00GradeKeyDown(TKey& key);
+    void dbg00GradeExit();
     void btn00IncluirClick();
     void btn00FecharClick();
     void btn00ConfirmarClick();
     void btn00DesisteClick();
+    void PqFluxoFechaPesquisa();
+    void PqSetorProxFechaPesquisa();
+    void pqRFluxoFechaPesquisa();
+    void PqFaccaoFechaPesquisa();
+    void PqEntidadeDestFechaPesquisa();
     void TelaKeyDown(TKey& key);
+    void TelaClose();
 
     // Rules of sectors and flows, of the order and part on screen.
     std::string PrimeiroSetor(std::string_view fluxo);
@@ -233,6 +267,12 @@ private:
     std::string LigaSetor(std::string_view setor, std::string_view coluna); ///< a switch of CADFLUXO
     bool SetorLivre(std::string_view setor) { return LigaSetor(setor, "BAIXALIVRE") == "S"; }
     bool ProdutoControlaEstoque();
+    bool ParteControlaEstoque();
+    void CarregaPartes();
+    std::string DepositoDoUsuario();
+    std::string DepositoInicial();
+    void MostraOcioso();
+    void AbrePesquisaDoCampo(TKey& key);
     void TravaCabecalho(bool travado);
     void Cancela() { btn00DesisteClick(); }
     void VoltaAoSetor();
@@ -251,6 +291,7 @@ private:
     bool QuantSomenteLeitura() const;
     void CarregaGrade(bool precoZero);
     void BaixaConjunta();
+    void ReduzGrade(const std::string& cor, const std::string& tam, double disponivel);
     TStatement SelectPendentes();
 
     bool ConfereCabecalho();
@@ -259,9 +300,12 @@ private:
     bool ConfereEstoque();
     bool ConfereTipoMovimento();
     double Reprovados();
-    void RecebeReprovados();
+    bool MovimentaReprovados();
+    bool RecebeReprovados();
     void BaixaConsumos();
+    [[noreturn]] void CancelaMovimentacao();
     void ConfereConsumos();
+    bool ConsumoPendente(bool desteSetor);
     void LancaReprovados();
     void AcrescentaObservacao();
     void AtualizaAtivos();
@@ -285,6 +329,7 @@ private:
     const std::string sParamEXP70;
     const std::string sParamPCP140; ///< "2": the stock lot is the order
 
+    TIndPag indPag = TIndPag::Nenhuma; ///< of the sector, read once for a confirmation
     std::string sLancaEstoque; ///< of the part: goods enter stock at the last sector
     std::string sAtualizaOF;   ///< of the part: losses and excess change the order
     std::string sBaixaOF;      ///< of the part: finished goods lower the order

@@ -33,7 +33,7 @@ void TfmFacMov::edtOFNumExit()
         && !Pergunta("Item do Pedido vinculado à OF está Cancelado, Deseja Continuar?"))
         return Cancela();
 
-    CbParte.SelectByPrefix(partes.FieldByName("PARTE").AsString());
+    CbParte.SetItemIndex(CbParte.IndexOfPrefix(partes.FieldByName("PARTE").AsString()));
     AtualizaFoto(codigo);
     CbParte.SetFocus();
 }
@@ -315,7 +315,7 @@ void TfmFacMov::Proximo_Mov(std::string_view numero, std::string_view setor)
 
 void TfmFacMov::CarregaPartesMov()
 {
-    CbParte.Clear();
+    CbParte.ClearItems();
     TOrvQuery partes = Consulta(R"(
         SELECT PRO_FLUXO.PARTE, TIPO_APL.DESCRICAO
           FROM {OF1} OF1

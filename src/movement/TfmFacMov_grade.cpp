@@ -45,8 +45,10 @@ void TfmFacMov::Retorno_Normal()
     }
     bgNaoBipado = false;
     SomaQuantidades();
-    dbg00Grade.SetFocus();
-    dbg00Grade.SelectColumn(QuantSomenteLeitura() ? TbTemp.Quant_2 : TbTemp.Quant);
+    if (cbBaixaBarras.Checked())
+        EdtBarra.SetFocus();
+    else
+        dbg00Grade.SetFocusOn(QuantSomenteLeitura() ? "Quant_2" : "Quant");
 }
 
 TStatement TfmFacMov::SelectPendentes()
@@ -209,12 +211,12 @@ void TfmFacMov::SomaQuantidades()
 
 void TfmFacMov::QuantSomenteLeitura(bool somenteLeitura)
 {
-    dbg00Grade.ColumnOf(TbTemp.Quant).SetReadOnly(somenteLeitura);
+    dbg00Grade.SetColumnReadOnly("Quant", somenteLeitura);
 }
 
 bool TfmFacMov::QuantSomenteLeitura() const
 {
-    return dbg00Grade.ColumnOf(TbTemp.Quant).ReadOnly();
+    return dbg00Grade.ColumnReadOnly("Quant");
 }
 
 void TfmFacMov::ZerarQuantidades1Click()
@@ -285,14 +287,23 @@ void TfmFacMov::cbBaixaBarrasClick()
         EdtBarra.SetFocus();
 }
 
-void TfmFacMov::dbg00GradeKeyDown(TKey& key, TGridColumn* column)
+void TfmFacMov::dbg00GradeKeyDown(TKey& key)
 {
     if (key.name == "F6" && !TbTemp.IsEmpty()) {
         key.name.clear();
         return AbrirLancamentoDefeitos();
     }
-    if (bgUltimoSetor && key.IsDigit() && column != nullptr && column->Field() == &TbTemp.Quant)
+    if (bgUltimoSetor && key.IsDigit() && dbg00Grade.Column() == "Quant")
         bgNaoBipado = true;
+}
+
+// A row that is not stored yet is stored, and the user stays in the grid to see it.
+void TfmFacMov::dbg00GradeExit()
+{
+    if (FocusGoesTo(btn00Desiste) || !TbTemp.IsEditing())
+        return;
+    TbTemp.Post();
+    dbg00Grade.SetFocus();
 }
 
 } // namespace alinhavo

@@ -334,14 +334,13 @@ void TfmFacMov::TravaFluxo()
         aberto = true;
     }
     edtFluxo.SetEnabled(aberto);
-    pqRFluxo.SetEnabled(aberto);
     edtSetorProx.SetEnabled(true);
-    PqSetorProx.SetEnabled(true);
 }
 
 void TfmFacMov::PreencheMovimentos(std::string_view anterior)
 {
-    cbMovimento.Clear();
+    cbMovimento.ClearItems();
+    cbMovimento.SetText("");
     TOrvQuery movimentos = Consulta(
         "SELECT DISTINCT MOV FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND MOV IS NOT NULL ORDER BY MOV", edtOFNum.text(),
         anterior);
@@ -352,7 +351,6 @@ void TfmFacMov::EscolheProximoSetor()
 {
     edtSetorProx.SetText("");
     edtSetorProx.SetEnabled(true);
-    PqSetorProx.SetEnabled(true);
     if (!EdtReprocesso.empty()) {
         edtSetorProx.SetText(EdtReprocesso.text());
         return edtSetorProx.SetFocus();
@@ -362,7 +360,6 @@ void TfmFacMov::EscolheProximoSetor()
         && (SetorLivre(EdtSetor.text()) || MovimentouTodosSetoresLivres()))
         return edtSetorProx.SetFocus();
     edtSetorProx.SetEnabled(false);
-    PqSetorProx.SetEnabled(false);
     cbMovimento.SetFocus();
 }
 
