@@ -84,10 +84,7 @@ TfmFacMov::TfmFacMov(TApplication& application)
     MostraOcioso();
 }
 
-void TfmFacMov::TelaClose()
-{
-    Tabela().FechaTabela("TbProduto");
-}
+void TfmFacMov::TelaClose() { Tabela().FechaTabela("TbProduto"); }
 
 void TfmFacMov::CarregaPartes()
 {
@@ -130,10 +127,7 @@ void TfmFacMov::btn00DesisteClick()
     btn00Incluir.SetFocus();
 }
 
-void TfmFacMov::btn00FecharClick()
-{
-    Close();
-}
+void TfmFacMov::btn00FecharClick() { Close(); }
 
 // At rest only the bar with include and close is live.
 void TfmFacMov::MostraOcioso()
@@ -156,9 +150,9 @@ void TfmFacMov::Limpa_Normal()
     TbTemp.Tag = 0;
     TbTemp.EmptyTable();
     tbBaixaPartes.EmptyTable();
-    for (TTextControl* field : std::array<TTextControl*, 14> {&edtOFNum, &edtCodproduto, &edtDescProduto, &EdtSetor,
-             &EdtReprocesso, &edtSetorProx, &edtNota, &edtFaccao, &edtFacDest, &edtMov, &EdtPedido, &DtFatPed, &edtObs,
-             &edtFluxo})
+    for (TTextControl* field :
+        std::array<TTextControl*, 14>{&edtOFNum, &edtCodproduto, &edtDescProduto, &EdtSetor, &EdtReprocesso,
+            &edtSetorProx, &edtNota, &edtFaccao, &edtFacDest, &edtMov, &EdtPedido, &DtFatPed, &edtObs, &edtFluxo})
         field->SetText("");
     QryFluxo.Close();
     cbMovimento.ClearItems();
@@ -179,15 +173,9 @@ void TfmFacMov::Limpa_Normal()
         edtCodDeposito.SetText(deposito);
 }
 
-void TfmFacMov::EdtSetorChange()
-{
-    edtDescSetor.SetText(LigaSetor(EdtSetor.text(), "DESCRICAO"));
-}
+void TfmFacMov::EdtSetorChange() { edtDescSetor.SetText(LigaSetor(EdtSetor.text(), "DESCRICAO")); }
 
-void TfmFacMov::edtSetorProxChange()
-{
-    edtDescSetorProx.SetText(LigaSetor(edtSetorProx.text(), "DESCRICAO"));
-}
+void TfmFacMov::edtSetorProxChange() { edtDescSetorProx.SetText(LigaSetor(edtSetorProx.text(), "DESCRICAO")); }
 
 void TfmFacMov::edtFaccaoChange()
 {
@@ -199,25 +187,13 @@ void TfmFacMov::edtFacDestChange()
     edtDescFacDest.SetText(Busca_Valor("ENTIDADE", "CODCLI", "NOME", Aspas(edtFacDest.text())).AsString());
 }
 
-void TfmFacMov::PqFluxoFechaPesquisa()
-{
-    EdtSetor.SetText(PqFluxo.RetornoPesquisa("CODIGO").AsString());
-}
+void TfmFacMov::PqFluxoFechaPesquisa() { EdtSetor.SetText(PqFluxo.RetornoPesquisa("CODIGO").AsString()); }
 
-void TfmFacMov::PqSetorProxFechaPesquisa()
-{
-    edtSetorProx.SetText(PqSetorProx.RetornoPesquisa("CODIGO").AsString());
-}
+void TfmFacMov::PqSetorProxFechaPesquisa() { edtSetorProx.SetText(PqSetorProx.RetornoPesquisa("CODIGO").AsString()); }
 
-void TfmFacMov::pqRFluxoFechaPesquisa()
-{
-    edtFluxo.SetText(pqRFluxo.RetornoPesquisa("CODIGO").AsString());
-}
+void TfmFacMov::pqRFluxoFechaPesquisa() { edtFluxo.SetText(pqRFluxo.RetornoPesquisa("CODIGO").AsString()); }
 
-void TfmFacMov::PqFaccaoFechaPesquisa()
-{
-    edtFaccao.SetText(PqFaccao.RetornoPesquisa("CODCLI").AsString());
-}
+void TfmFacMov::PqFaccaoFechaPesquisa() { edtFaccao.SetText(PqFaccao.RetornoPesquisa("CODCLI").AsString()); }
 
 void TfmFacMov::PqEntidadeDestFechaPesquisa()
 {
@@ -241,8 +217,9 @@ void TfmFacMov::TelaKeyDown(TKey& key)
 
 void TfmFacMov::AbrePesquisaDoCampo(TKey& key)
 {
-    const std::array<std::pair<TControl*, TPesquisa*>, 5> pesquisas {{{&EdtSetor, &PqFluxo}, {&edtSetorProx, &PqSetorProx},
-        {&edtFluxo, &pqRFluxo}, {&edtFaccao, &PqFaccao}, {&edtFacDest, &PqEntidadeDest}}};
+    const std::array<std::pair<TControl*, TPesquisa*>, 5> pesquisas{
+        {{&EdtSetor, &PqFluxo}, {&edtSetorProx, &PqSetorProx}, {&edtFluxo, &pqRFluxo}, {&edtFaccao, &PqFaccao},
+            {&edtFacDest, &PqEntidadeDest}}};
     for (const auto& [field, pesquisa] : pesquisas) {
         if (!field->Focused())
             continue;

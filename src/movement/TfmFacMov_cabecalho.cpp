@@ -26,8 +26,8 @@ void TfmFacMov::edtOFNumExit()
     }
 
     CarregaPartesMov();
-    TOrvQuery partes
-        = Consulta("SELECT PARTE, MIN(CODIGO) AS CODIGO FROM {FACCAO} WHERE NUMERO = ? GROUP BY PARTE ORDER BY PARTE", numero);
+    TOrvQuery partes = Consulta(
+        "SELECT PARTE, MIN(CODIGO) AS CODIGO FROM {FACCAO} WHERE NUMERO = ? GROUP BY PARTE ORDER BY PARTE", numero);
     const std::string codigo = partes.FieldByName("CODIGO").AsString();
     if (PedidoCancelado(EdtPedido.text(), codigo)
         && !Pergunta("Item do Pedido vinculado à OF está Cancelado, Deseja Continuar?"))
@@ -44,11 +44,13 @@ void TfmFacMov::CbParteExit()
         return Cancela();
 
     if (!Existe("FACCAO", "NUMERO,PARTE", Aspas(edtOFNum.text()), Aspas(Parte()))) {
-        if (!Pergunta("Atenção, a parte \"" + CbParte.text() + "\" não está lançada na Facção.\nDeseja realmente movimenta-la agora?",
+        if (!Pergunta("Atenção, a parte \"" + CbParte.text()
+                    + "\" não está lançada na Facção.\nDeseja realmente movimenta-la agora?",
                 "Confirmação"))
             return CbParte.SetFocus();
     } else {
-        edtFluxo.SetText(Busca_Valor("FACCAO", "NUMERO;PARTE", "FLUXO", Aspas(edtOFNum.text()), Aspas(Parte())).AsString());
+        edtFluxo.SetText(
+            Busca_Valor("FACCAO", "NUMERO;PARTE", "FLUXO", Aspas(edtOFNum.text()), Aspas(Parte())).AsString());
     }
     TOrvQuery parte = Consulta("SELECT ESTOQUE, ATUALIZA, BAIXA FROM {TIPO_APL} WHERE CODIGO = ?", Parte());
     sLancaEstoque = parte.FieldByName("ESTOQUE").AsString();
@@ -98,10 +100,7 @@ void TfmFacMov::cbMovimentoExit()
     Proximo_Mov(edtOFNum.text(), edtSetorProx.text());
 }
 
-void TfmFacMov::edtDtEntradaExit()
-{
-    edtDtProducao.SetDate(edtDtEntrada.Date());
-}
+void TfmFacMov::edtDtEntradaExit() { edtDtProducao.SetDate(edtDtEntrada.Date()); }
 
 void TfmFacMov::edtDtProducaoExit()
 {
@@ -109,7 +108,8 @@ void TfmFacMov::edtDtProducaoExit()
         return;
     const TDateTime hoje = Application().Today();
     if (sParamFAC90 == "S" && edtDtProducao.Date() != hoje) {
-        if (!Pergunta("Data de produção diferente da atual. Deseja Continuar? ") || !Acessa(TDireito::Altera, TNivel::Supervisor))
+        if (!Pergunta("Data de produção diferente da atual. Deseja Continuar? ")
+            || !Acessa(TDireito::Altera, TNivel::Supervisor))
             return edtDtProducao.SetFocus();
     } else if (edtDtProducao.Date() > hoje && !Pergunta("Data informada maior que o dia de hoje. Deseja continuar?")) {
         return edtDtProducao.SetFocus();
@@ -203,8 +203,10 @@ void TfmFacMov::edtFluxoExit()
     if (Existe("FACCAO", "NUMERO,CODIGO,PARTE,FLUXO", Aspas(numero), Aspas(codigo), Aspas(parte), Aspas(fluxo)))
         return;
     // The change of flow waits for the confirmation of the movement: it is not committed here.
-    Executa("UPDATE {FACCAO} SET FLUXO = ? WHERE NUMERO = ? AND CODIGO = ? AND PARTE = ?", fluxo, numero, codigo, parte);
-    GeraLog("MOVIMENTO OF", "ALTERACAO DO FLUXO DA OF: " + numero + " PARTE: " + parte + " DE: " + antigo + " PARA: " + fluxo,
+    Executa(
+        "UPDATE {FACCAO} SET FLUXO = ? WHERE NUMERO = ? AND CODIGO = ? AND PARTE = ?", fluxo, numero, codigo, parte);
+    GeraLog("MOVIMENTO OF",
+        "ALTERACAO DO FLUXO DA OF: " + numero + " PARTE: " + parte + " DE: " + antigo + " PARA: " + fluxo,
         TOperacaoLog::Processo, numero);
     edtSetorProx.SetText(Pega_Setor_Normal());
 }
@@ -260,9 +262,9 @@ void TfmFacMov::edtFacDestExit()
 void TfmFacMov::edtFacDestKeyDown(TKey& key)
 {
     if (key.name == "F5") {
-        PqEntidadeDest.Filtro = TStatement(
-            "CODCLI IN (SELECT CODCLI FROM {FAC_PROD} WHERE PRODUTO = ? AND SETOR = ? AND PARTE = ?)", edtCodproduto.text(),
-            edtSetorProx.text(), Parte());
+        PqEntidadeDest.Filtro
+            = TStatement("CODCLI IN (SELECT CODCLI FROM {FAC_PROD} WHERE PRODUTO = ? AND SETOR = ? AND PARTE = ?)",
+                edtCodproduto.text(), edtSetorProx.text(), Parte());
         key.name.clear();
         PqEntidadeDest.AbrePesquisa();
     }
@@ -271,16 +273,14 @@ void TfmFacMov::edtFacDestKeyDown(TKey& key)
     PqEntidadeDest.Filtro = TStatement();
 }
 
-std::string TfmFacMov::Parte() const
-{
-    return Left(CbParte.text(), 2);
-}
+std::string TfmFacMov::Parte() const { return Left(CbParte.text(), 2); }
 
 bool TfmFacMov::PedidoCancelado(std::string_view pedido, std::string_view codigo)
 {
     TOrvQuery item = Consulta(R"(
         SELECT SUM(QTDE) AS QTDE, SUM(QTDE_F) AS QTDE_F, SUM(QTDE_CANC) AS QTDE_CANC
-          FROM {PED_ITEN} WHERE NUMERO = ? AND CODIGO = ?)", pedido, codigo);
+          FROM {PED_ITEN} WHERE NUMERO = ? AND CODIGO = ?)",
+        pedido, codigo);
     return item.FieldByName("QTDE").AsFloat() == 0 && item.FieldByName("QTDE_F").AsFloat() == 0
         && item.FieldByName("QTDE_CANC").AsFloat() > 0;
 }
@@ -292,8 +292,8 @@ bool TfmFacMov::ExisteNotaRetorno(std::string_view nota, std::string_view numero
 
 void TfmFacMov::BuscaEmpDestPrincipal()
 {
-    std::string destino = Busca_Valor("PCP_MOV", "NUMERO;SETOR;PARTE", "CODCLI", Aspas(edtOFNum.text()),
-        Aspas(edtSetorProx.text()), Aspas(Parte()))
+    std::string destino = Busca_Valor(
+        "PCP_MOV", "NUMERO;SETOR;PARTE", "CODCLI", Aspas(edtOFNum.text()), Aspas(edtSetorProx.text()), Aspas(Parte()))
                               .AsString();
     if (destino.empty())
         destino = Busca_Valor("FAC_PROD", "PRODUTO;SETOR;PARTE;PRINCIPAL", "CODCLI", Aspas(edtCodproduto.text()),
@@ -307,8 +307,7 @@ void TfmFacMov::BuscaEmpDestPrincipal()
 void TfmFacMov::Proximo_Mov(std::string_view numero, std::string_view setor)
 {
     const std::string mov = cbMovimento.text();
-    if (!mov.empty()
-        && !Existe("FACCAO", "NUMERO,OP,PARTE,MOV", Aspas(numero), Aspas(setor), Aspas(Parte()), mov))
+    if (!mov.empty() && !Existe("FACCAO", "NUMERO,OP,PARTE,MOV", Aspas(numero), Aspas(setor), Aspas(Parte()), mov))
         return edtMov.SetText(mov);
     edtMov.SetText(Funcoes().Proximo_FacMov(numero, setor, Parte()));
 }
@@ -321,7 +320,8 @@ void TfmFacMov::CarregaPartesMov()
           FROM {OF1} OF1
           JOIN {PRO_FLUXO} PRO_FLUXO ON PRO_FLUXO.CODIGO = OF1.CODIGO
           JOIN {TIPO_APL} TIPO_APL ON TIPO_APL.CODIGO = PRO_FLUXO.PARTE
-         WHERE OF1.NUMERO = ? ORDER BY PRO_FLUXO.PARTE)", edtOFNum.text());
+         WHERE OF1.NUMERO = ? ORDER BY PRO_FLUXO.PARTE)",
+        edtOFNum.text());
     partes.ForEach([&] {
         CbParte.AddItem(partes.FieldByName("PARTE").AsString() + " |" + partes.FieldByName("DESCRICAO").AsString());
     });
@@ -338,13 +338,16 @@ void TfmFacMov::Mostra_Normal()
     TOrvQuery produto = Consulta(R"(
         SELECT OF1.CODIGO, PRODUTO.DESCRICAO
           FROM {OF1} OF1 LEFT JOIN {PRODUTO} PRODUTO ON PRODUTO.CODIGO = OF1.CODIGO
-         WHERE OF1.NUMERO = ?)", edtOFNum.text());
+         WHERE OF1.NUMERO = ?)",
+        edtOFNum.text());
     edtCodproduto.SetText(produto.FieldByName("CODIGO").AsString());
     edtDescProduto.SetText(produto.FieldByName("DESCRICAO").AsString());
 
-    std::string fluxo = Busca_Valor("FACCAO", "NUMERO;PARTE", "FLUXO", Aspas(edtOFNum.text()), Aspas(Parte())).AsString();
+    std::string fluxo
+        = Busca_Valor("FACCAO", "NUMERO;PARTE", "FLUXO", Aspas(edtOFNum.text()), Aspas(Parte())).AsString();
     if (fluxo.empty())
-        fluxo = Busca_Valor("PRO_FLUXO", "CODIGO;PARTE", "FLUXO", Aspas(edtCodproduto.text()), Aspas(Parte())).AsString();
+        fluxo
+            = Busca_Valor("PRO_FLUXO", "CODIGO;PARTE", "FLUXO", Aspas(edtCodproduto.text()), Aspas(Parte())).AsString();
     edtFluxo.SetText(fluxo);
 
     const std::string propria = FaccaoFuncionario(Funcoes().vUsuarioCodigo());
@@ -355,7 +358,9 @@ void TfmFacMov::Mostra_Normal()
     const std::string detentor = ConsultaValor(R"(
         SELECT CODCLI FROM {FACCAO}
          WHERE NUMERO = ? AND OP = ? AND PARTE = ? AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0
-         ORDER BY IDENTIFICADOR)", edtOFNum.text(), SetorAnterior(EdtSetor.text()), Parte()).AsString();
+         ORDER BY IDENTIFICADOR)",
+        edtOFNum.text(), SetorAnterior(EdtSetor.text()), Parte())
+                                     .AsString();
     edtFaccao.SetText(detentor.empty() ? Trim(sParamFAC80) : detentor);
 }
 

@@ -39,8 +39,7 @@ void TfmFacMov::btn00ConfirmarClick()
 
 bool TfmFacMov::ConfereCabecalho()
 {
-    const TDateTime inventario
-        = Busca_Valor("EMPRESA", "EMP_PAT", "EMP_DTINV", Aspas(Tabela().EMP_PAT())).AsDateTime();
+    const TDateTime inventario = Busca_Valor("EMPRESA", "EMP_PAT", "EMP_DTINV", Aspas(Tabela().EMP_PAT())).AsDateTime();
     if (!inventario.IsBlank() && edtDtProducao.Date() <= inventario) {
         Mensagem("Não é possível fazer o lançamento com data inferior ou igual ao fechamento do inventário.");
         Cancela();
@@ -57,10 +56,11 @@ bool TfmFacMov::ConfereCabecalho()
         return Recusa("Informe a data de Prev. Retorno.", EdtRetorno), false;
     if (!Existe("ENTIDADE", "CODCLI", Aspas(edtFacDest.text())))
         return Recusa("Empresa de destino inválida."), false;
-    if (!Consulta("SELECT IDENTIFICADOR FROM {FACCAO3} WHERE CODCLI = ? AND DT_PAGTO > ? AND PAGO = 'S'", edtFaccao.text(),
-            edtDtProducao.Date())
-                .IsEmpty()
-        && !Pergunta("Existem pagamentos para essa facção com data posterior a data do movimento atual. Deseja Continuar?"))
+    if (!Consulta("SELECT IDENTIFICADOR FROM {FACCAO3} WHERE CODCLI = ? AND DT_PAGTO > ? AND PAGO = 'S'",
+            edtFaccao.text(), edtDtProducao.Date())
+             .IsEmpty()
+        && !Pergunta(
+            "Existem pagamentos para essa facção com data posterior a data do movimento atual. Deseja Continuar?"))
         return false;
     if (UltimoSetorDoFluxo(EdtSetor.text()) && !ProdutoControlaEstoque()
         && !Pergunta("Produto não está configurado para controlar estoque, deseja continuar?"))
@@ -168,8 +168,8 @@ double TfmFacMov::BuscaQtdeDefCad(std::string_view mov)
 double TfmFacMov::BuscaQtdeDefMov(std::string_view mov)
 {
     return ConsultaValor(
-        "SELECT SUM(QUANT_I + QUANT_2) FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND PARTE = ? AND MOV = ?", edtOFNum.text(),
-        EdtSetor.text(), Parte(), BareNumber(mov))
+        "SELECT SUM(QUANT_I + QUANT_2) FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND PARTE = ? AND MOV = ?",
+        edtOFNum.text(), EdtSetor.text(), Parte(), BareNumber(mov))
         .AsFloat();
 }
 
@@ -304,8 +304,8 @@ void TfmFacMov::AcrescentaObservacao()
     if (edtObs.empty())
         return;
     const std::string antes = Busca_Valor("OF1", "NUMERO", "OBSERVACAO", Aspas(edtOFNum.text())).AsString();
-    const std::string nova = "Setor:" + LigaSetor(EdtSetor.text(), "DESCRICAO") + " - Mov.:" + cbMovimento.text() + " - "
-        + edtObs.text();
+    const std::string nova
+        = "Setor:" + LigaSetor(EdtSetor.text(), "DESCRICAO") + " - Mov.:" + cbMovimento.text() + " - " + edtObs.text();
     Executa("UPDATE {OF1} SET OBSERVACAO = ? WHERE NUMERO = ?", antes.empty() ? nova : antes + "\n" + nova + " ",
         edtOFNum.text());
 }

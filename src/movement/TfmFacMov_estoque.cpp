@@ -15,10 +15,7 @@ bool TfmFacMov::ParteControlaEstoque()
     return Busca_Valor("TIPO_APL", "CODIGO", "ESTOQUE", Aspas(Parte())).AsString() == "S";
 }
 
-std::string TfmFacMov::Lote() const
-{
-    return sParamPCP140 == "2" ? edtOFNum.text() : "000000";
-}
+std::string TfmFacMov::Lote() const { return sParamPCP140 == "2" ? edtOFNum.text() : "000000"; }
 
 // Losses in any sector cancel pieces of the order, and an excess grows it. Fractions are cut.
 void TfmFacMov::AtualizaQtdeOF()
@@ -26,18 +23,20 @@ void TfmFacMov::AtualizaQtdeOF()
     if (sAtualizaOF != "S")
         return;
     TbTemp.ForEach([&] {
-        const std::int64_t perdas = TbTemp.Quant_2.AsInteger() + TbTemp.Quant_I.AsInteger() + TbTemp.Quant_F.AsInteger();
+        const std::int64_t perdas
+            = TbTemp.Quant_2.AsInteger() + TbTemp.Quant_I.AsInteger() + TbTemp.Quant_F.AsInteger();
         if (perdas > 0)
-            Executa("UPDATE {OF_ITEN} SET QTDE = QTDE - ?, QTDE_C = COALESCE(QTDE_C, 0) + ? WHERE NUMERO = ? AND COR = ? AND TAM = ?",
+            Executa("UPDATE {OF_ITEN} SET QTDE = QTDE - ?, QTDE_C = COALESCE(QTDE_C, 0) + ? WHERE NUMERO = ? AND COR = "
+                    "? AND TAM = ?",
                 perdas, perdas, edtOFNum.text(), TbTemp.Cor.value(), TbTemp.Tam.value());
         const std::int64_t excesso = TbTemp.Quant.AsInteger() + perdas - TbTemp.Saldo.AsInteger();
         if (excesso <= 0)
             return;
-        Executa("UPDATE {OF_ITEN} SET QTDE = QTDE + ? WHERE NUMERO = ? AND COR = ? AND TAM = ?", excesso, edtOFNum.text(),
-            TbTemp.Cor.value(), TbTemp.Tam.value());
+        Executa("UPDATE {OF_ITEN} SET QTDE = QTDE + ? WHERE NUMERO = ? AND COR = ? AND TAM = ?", excesso,
+            edtOFNum.text(), TbTemp.Cor.value(), TbTemp.Tam.value());
         GeraLog("MOVIMENTO OF",
-            "ATUALIZADO QTDE OF " + edtOFNum.text() + " SETOR " + EdtSetor.text() + " COR " + TbTemp.Cor.value() + " TAM "
-                + TbTemp.Tam.value() + " QTDE " + std::to_string(excesso),
+            "ATUALIZADO QTDE OF " + edtOFNum.text() + " SETOR " + EdtSetor.text() + " COR " + TbTemp.Cor.value()
+                + " TAM " + TbTemp.Tam.value() + " QTDE " + std::to_string(excesso),
             TOperacaoLog::Alteracao, edtOFNum.text());
     });
     AtualizaAtivos();
@@ -47,11 +46,13 @@ void TfmFacMov::BaixaQtdeOF()
 {
     if (sBaixaOF == "S" && UltimoSetorDoFluxo(EdtSetor.text())) {
         TbTemp.ForEach([&] {
-            const std::int64_t aberta = ConsultaValor("SELECT QTDE FROM {OF_ITEN} WHERE NUMERO = ? AND COR = ? AND TAM = ?",
-                edtOFNum.text(), TbTemp.Cor.value(), TbTemp.Tam.value())
-                                            .AsInteger();
+            const std::int64_t aberta
+                = ConsultaValor("SELECT QTDE FROM {OF_ITEN} WHERE NUMERO = ? AND COR = ? AND TAM = ?", edtOFNum.text(),
+                    TbTemp.Cor.value(), TbTemp.Tam.value())
+                      .AsInteger();
             const std::int64_t pronta = std::min(TbTemp.Quant.AsInteger(), aberta);
-            Executa("UPDATE {OF_ITEN} SET QTDE_B = COALESCE(QTDE_B, 0) + ?, QTDE = QTDE - ? WHERE NUMERO = ? AND COR = ? AND TAM = ?",
+            Executa("UPDATE {OF_ITEN} SET QTDE_B = COALESCE(QTDE_B, 0) + ?, QTDE = QTDE - ? WHERE NUMERO = ? AND COR = "
+                    "? AND TAM = ?",
                 pronta, pronta, edtOFNum.text(), TbTemp.Cor.value(), TbTemp.Tam.value());
         });
     }
@@ -102,7 +103,9 @@ void TfmFacMov::AtualizaCodigoDeposito(std::string_view numero)
           FROM {OF1} OF1
           JOIN {TIPO_OP} TIPO_OP ON TIPO_OP.CODIGO = OF1.TIPO_OP
           JOIN {DEPOSITO} DEPOSITO ON DEPOSITO.CODIGO = TIPO_OP.DEPOSITO
-         WHERE OF1.NUMERO = ?)", numero).AsString();
+         WHERE OF1.NUMERO = ?)",
+        numero)
+                                     .AsString();
     if (!deposito.empty())
         edtCodDeposito.SetText(deposito);
 }

@@ -2,6 +2,7 @@
 
 #include "forms/numbers.h"
 #include "forms/text.h"
+#include "forms/TMemTableClone.h"
 #include "movement/TfmFacMov.h"
 
 namespace alinhavo {
@@ -209,15 +210,9 @@ void TfmFacMov::SomaQuantidades()
     EdtQtde.SetValue(static_cast<double>(total));
 }
 
-void TfmFacMov::QuantSomenteLeitura(bool somenteLeitura)
-{
-    dbg00Grade.SetColumnReadOnly("Quant", somenteLeitura);
-}
+void TfmFacMov::QuantSomenteLeitura(bool somenteLeitura) { dbg00Grade.SetColumnReadOnly("Quant", somenteLeitura); }
 
-bool TfmFacMov::QuantSomenteLeitura() const
-{
-    return dbg00Grade.ColumnReadOnly("Quant");
-}
+bool TfmFacMov::QuantSomenteLeitura() const { return dbg00Grade.ColumnReadOnly("Quant"); }
 
 void TfmFacMov::ZerarQuantidades1Click()
 {
@@ -249,9 +244,8 @@ void TfmFacMov::Distribuirquantidade1Click()
         TMemTableClone linhas(TbTemp);
         const std::string cor = TbTemp.Cor.value();
         const std::string tam = TbTemp.Tam.value();
-        linhas.SetFilter([&] {
-            return linhas.FieldByName("Cor").AsString() == cor && linhas.FieldByName("Tam").AsString() == tam;
-        });
+        linhas.SetFilter(
+            [&] { return linhas.FieldByName("Cor").AsString() == cor && linhas.FieldByName("Tam").AsString() == tam; });
         linhas.SortBy("Cor;Tam;Mov");
         const std::size_t ultima = linhas.RecordCount();
         linhas.ForEach([&] {

@@ -17,9 +17,9 @@ void TfmFacMov::Grava_Normal()
         Executa(R"(
             UPDATE {FACCAO} SET QUANT = QUANT + ?, QUANT_2 = QUANT_2 + ?, QUANT_I = QUANT_I + ?, QUANT_F = QUANT_F + ?, OP = ?
              WHERE IDENTIFICADOR = ? AND NUMERO = ? AND CODIGO = ? AND OP = ? AND COR = ? AND TAM = ? AND PARTE = ?)",
-            TbTemp.Quant.value(), TbTemp.Quant_2.value(), TbTemp.Quant_I.value(), TbTemp.Quant_F.value(), EdtSetor.text(),
-            TbTemp.ID.value(), TbTemp.Numero.value(), TbTemp.Codigo.value(), TbTemp.Setor.value(), TbTemp.Cor.value(),
-            TbTemp.Tam.value(), Parte());
+            TbTemp.Quant.value(), TbTemp.Quant_2.value(), TbTemp.Quant_I.value(), TbTemp.Quant_F.value(),
+            EdtSetor.text(), TbTemp.ID.value(), TbTemp.Numero.value(), TbTemp.Codigo.value(), TbTemp.Setor.value(),
+            TbTemp.Cor.value(), TbTemp.Tam.value(), Parte());
         Insere_Faccao3("N", Parte(), reprocesso);
         if (!edtSetorProx.empty() && TbTemp.Quant.AsInteger() > 0 && CbProximo.Checked())
             AbreProximoSetor(reprocessoProximo);
@@ -52,12 +52,12 @@ void TfmFacMov::Insere_Faccao3(std::string_view tipo, std::string_view parte, st
                                QUANT_I, QUANT_F, UNITARIO, VALOR, OP, PAGO, PARTE, DT_LAN, MOV, ID_ANT, NOTA, ESTOQUE, QUAL,
                                DEPOSITO, OBS)
         VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'N', ?, ?, ?, ?, ?, ?, ?, ?, ?))",
-        TbTemp.Numero.value(), TbTemp.Pedido.value(), TbTemp.CodCli2.value(), TbTemp.Codcli.value(), TbTemp.Codigo.value(),
-        tipo == "T" ? "" : TbTemp.Cor.value(), tipo == "C" ? "" : TbTemp.Tam.value(), reprocesso, TbTemp.Qt_Orig.value(),
-        TbTemp.Quant.value(), TbTemp.Quant_2.value(), TbTemp.Quant_I.value(), TbTemp.Quant_F.value(), TbTemp.Preco.value(),
-        TbTemp.Preco.value() * pagas, EdtSetor.text(), parte, edtDtProducao.Date(), BareNumber(edtMov.text()),
-        TbTemp.ID.value(), edtNota.text(), comEstoque ? "S" : "N", edtQual.text(), comEstoque ? edtCodDeposito.text() : "",
-        edtObs.text());
+        TbTemp.Numero.value(), TbTemp.Pedido.value(), TbTemp.CodCli2.value(), TbTemp.Codcli.value(),
+        TbTemp.Codigo.value(), tipo == "T" ? "" : TbTemp.Cor.value(), tipo == "C" ? "" : TbTemp.Tam.value(), reprocesso,
+        TbTemp.Qt_Orig.value(), TbTemp.Quant.value(), TbTemp.Quant_2.value(), TbTemp.Quant_I.value(),
+        TbTemp.Quant_F.value(), TbTemp.Preco.value(), TbTemp.Preco.value() * pagas, EdtSetor.text(), parte,
+        edtDtProducao.Date(), BareNumber(edtMov.text()), TbTemp.ID.value(), edtNota.text(), comEstoque ? "S" : "N",
+        edtQual.text(), comEstoque ? edtCodDeposito.text() : "", edtObs.text());
 }
 
 void TfmFacMov::AbreProximoSetor(std::string_view reprocesso)

@@ -60,7 +60,8 @@ void TfmFacMov::BaixaConjunta()
     if (partes.Locate("PENDENTES", {0})) {
         Mensagem("Não existe quantidade pendente para ser baixada da parte \"" + partes.FieldByName("PARTE").AsString()
             + "\" - " + partes.FieldByName("DESCRICAO").AsString() + " no setor informado.\n"
-            + "Somente é possível fazer a baixa de todas as partes juntas no último setor para dar entrada no estoque.");
+            + "Somente é possível fazer a baixa de todas as partes juntas no último setor para dar entrada no "
+              "estoque.");
         TbTemp.ForEach([&] {
             TbTemp.Edit();
             TbTemp.Quant = 0;
@@ -91,7 +92,8 @@ void TfmFacMov::ProcessaPartesdaBaixa(std::string_view parte, bool ultima)
               FROM {FACCAO}
              WHERE NUMERO = ? AND COR = ? AND TAM = ? AND PARTE = ? AND OP = ?
                AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0
-             ORDER BY IDENTIFICADOR)", edtOFNum.text(), cor, tam, parte, EdtSetor.text());
+             ORDER BY IDENTIFICADOR)",
+            edtOFNum.text(), cor, tam, parte, EdtSetor.text());
         linhas.ForEach([&] {
             const std::int64_t id = linhas.FieldByName("IDENTIFICADOR").AsInteger();
             if (tbBaixaPartes.Locate("IDENTIFICADOR", {id}))
@@ -162,7 +164,7 @@ void TfmFacMov::GravaPartesdaBaixa()
     tbBaixaPartes.ForEach([&] {
         if (!TbBaixa.Locate("COR;TAM", {tbBaixaPartes.COR.value(), tbBaixaPartes.TAM.value()}))
             return;
-        const TQuantidades oferta {.quant = TbBaixa.QUANT.value(),
+        const TQuantidades oferta{.quant = TbBaixa.QUANT.value(),
             .quant2 = TbBaixa.QUANT_2.value(),
             .quantI = TbBaixa.QUANT_I.value(),
             .quantF = TbBaixa.QUANT_F.value()};
@@ -186,10 +188,11 @@ void TfmFacMov::GravaPartesdaBaixa()
                                    UNITARIO, VALOR)
             VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'N', ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?))",
             TbTemp.Numero.value(), TbTemp.Pedido.value(), TbTemp.Codigo.value(), tbBaixaPartes.CODCLI.value(),
-            edtFacDest.text(), tbBaixaPartes.COR.value(), tbBaixaPartes.TAM.value(), tbBaixaPartes.QTDE.value(), sai.quant,
-            sai.quant2, sai.quantI, sai.quantF, TbTemp.Setor.value(), tbBaixaPartes.PARTE.value(), edtDtProducao.Date(),
-            BareNumber(edtMov.text()), tbBaixaPartes.IDENTIFICADOR.value(), edtNota.text(), comEstoque ? "S" : "N",
-            edtQual.text(), comEstoque ? edtCodDeposito.text() : "", edtObs.text(), tbBaixaPartes.PRECO.value(),
+            edtFacDest.text(), tbBaixaPartes.COR.value(), tbBaixaPartes.TAM.value(), tbBaixaPartes.QTDE.value(),
+            sai.quant, sai.quant2, sai.quantI, sai.quantF, TbTemp.Setor.value(), tbBaixaPartes.PARTE.value(),
+            edtDtProducao.Date(), BareNumber(edtMov.text()), tbBaixaPartes.IDENTIFICADOR.value(), edtNota.text(),
+            comEstoque ? "S" : "N", edtQual.text(), comEstoque ? edtCodDeposito.text() : "", edtObs.text(),
+            tbBaixaPartes.PRECO.value(),
             tbBaixaPartes.PRECO.value() * QuantidadePaga(indPag, sai.quant, sai.quant2, sai.quantI));
 
         tbBaixaPartes.Edit();

@@ -49,7 +49,8 @@ std::string TfmFacMov::SetorAnterior(std::string_view setor)
           JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FAC.OP
          WHERE FAC.NUMERO = ? AND FAC.PARTE = ?
          GROUP BY FAC.OP
-         ORDER BY 2)", edtOFNum.text(), Parte());
+         ORDER BY 2)",
+        edtOFNum.text(), Parte());
     if (setores.IsEmpty() || setores.Locate("OP", {setor}))
         return std::string(setor);
     setores.Last();
@@ -62,7 +63,9 @@ bool TfmFacMov::MovimentouSetor(std::string_view setor)
         SELECT ENTROU.IDENTIFICADOR
           FROM {FACCAO} ENTROU
           JOIN {FACCAO} SAIU ON SAIU.ID_ANT = ENTROU.IDENTIFICADOR AND SAIU.MOV = ENTROU.MOV
-         WHERE ENTROU.NUMERO = ? AND ENTROU.PARTE = ? AND ENTROU.OP = ?)", edtOFNum.text(), Parte(), setor).IsEmpty();
+         WHERE ENTROU.NUMERO = ? AND ENTROU.PARTE = ? AND ENTROU.OP = ?)",
+        edtOFNum.text(), Parte(), setor)
+                .IsEmpty();
 }
 
 bool TfmFacMov::MovimentouSetoresLivre()
@@ -72,7 +75,9 @@ bool TfmFacMov::MovimentouSetoresLivre()
           FROM {FACCAO} FACCAO
           JOIN {FLUXO} FLUXO ON FLUXO.CODIGO = FACCAO.FLUXO AND FLUXO.SETOR = FACCAO.OP
           JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FACCAO.OP AND CADFLUXO.BAIXALIVRE = 'S'
-         WHERE FACCAO.NUMERO = ? AND FACCAO.PARTE = ?)", edtOFNum.text(), Parte()).IsEmpty();
+         WHERE FACCAO.NUMERO = ? AND FACCAO.PARTE = ?)",
+        edtOFNum.text(), Parte())
+                .IsEmpty();
 }
 
 bool TfmFacMov::MovimentouTodosSetoresLivres()
@@ -114,7 +119,8 @@ std::string TfmFacMov::Pega_Setor_Normal()
     TOrvQuery fluxo = Consulta(R"(
         SELECT FLUXO.SETOR, CADFLUXO.BAIXALIVRE
           FROM {FLUXO} FLUXO LEFT JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FLUXO.SETOR
-         WHERE FLUXO.CODIGO = ? ORDER BY FLUXO.ORDEM, FLUXO.IDENTIFICADOR)", edtFluxo.text());
+         WHERE FLUXO.CODIGO = ? ORDER BY FLUXO.ORDEM, FLUXO.IDENTIFICADOR)",
+        edtFluxo.text());
     fluxo.ForEach([&] {
         linhas.push_back({fluxo.FieldByName("SETOR").AsString(), fluxo.FieldByName("BAIXALIVRE").AsString() == "S"});
     });
@@ -143,9 +149,8 @@ std::vector<std::string> TfmFacMov::FluxosEquivalentes(std::string_view fluxo, s
 {
     if (fluxo.empty())
         return {};
-    std::vector<std::string> equivalentes {std::string(fluxo)};
-    const TValue limite
-        = ConsultaValor("SELECT MAX(ORDEM) FROM {FLUXO} WHERE CODIGO = ? AND SETOR = ?", fluxo, setor);
+    std::vector<std::string> equivalentes{std::string(fluxo)};
+    const TValue limite = ConsultaValor("SELECT MAX(ORDEM) FROM {FLUXO} WHERE CODIGO = ? AND SETOR = ?", fluxo, setor);
     if (limite.IsNull())
         return equivalentes;
 
@@ -153,7 +158,8 @@ std::vector<std::string> TfmFacMov::FluxosEquivalentes(std::string_view fluxo, s
     TOrvQuery linhas = Consulta(R"(
         SELECT FLUXO.CODIGO, FLUXO.SETOR
           FROM {FLUXO} FLUXO JOIN {ROTEIRO} ROTEIRO ON ROTEIRO.CODIGO = FLUXO.CODIGO
-         WHERE FLUXO.ORDEM <= ? ORDER BY FLUXO.CODIGO, FLUXO.ORDEM, FLUXO.IDENTIFICADOR)", limite);
+         WHERE FLUXO.ORDEM <= ? ORDER BY FLUXO.CODIGO, FLUXO.ORDEM, FLUXO.IDENTIFICADOR)",
+        limite);
     linhas.ForEach([&] {
         std::string& sequencia = sequencias[linhas.FieldByName("CODIGO").AsString()];
         sequencia += (sequencia.empty() ? "" : " ") + linhas.FieldByName("SETOR").AsString();
@@ -180,18 +186,14 @@ std::string TfmFacMov::FaccaoFuncionario(std::string_view usuario)
     return ConsultaValor(R"(
         SELECT PESSOAL.CODCLI
           FROM ACESSO_USUARIOS JOIN {PESSOAL} PESSOAL ON PESSOAL.CODIGO = ACESSO_USUARIOS.CODFUN
-         WHERE ACESSO_USUARIOS.CODIGO = ?)", usuario).AsString();
+         WHERE ACESSO_USUARIOS.CODIGO = ?)",
+        usuario)
+        .AsString();
 }
 
-bool TfmFacMov::BaixaSetorMaior(std::string_view setor)
-{
-    return LigaSetor(setor, "BAIXAMAIOR") == "S";
-}
+bool TfmFacMov::BaixaSetorMaior(std::string_view setor) { return LigaSetor(setor, "BAIXAMAIOR") == "S"; }
 
-bool TfmFacMov::BaixaSetorParcial(std::string_view setor)
-{
-    return LigaSetor(setor, "BAIXAPARCIAL") != "N";
-}
+bool TfmFacMov::BaixaSetorParcial(std::string_view setor) { return LigaSetor(setor, "BAIXAPARCIAL") != "N"; }
 
 bool TfmFacMov::ExisteQtdePendenteOP(std::string_view numero)
 {
@@ -204,7 +206,8 @@ bool TfmFacMov::ExisteQtdePendente(std::string_view numero, std::string_view set
     TStatement select(R"(
         SELECT REPROCESSO FROM {FACCAO}
          WHERE NUMERO = ? AND OP = ? AND PARTE = ?
-           AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0)", numero, setor, parte);
+           AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0)",
+        numero, setor, parte);
     if (!mov.empty())
         select.Add(" AND MOV = ?", BareNumber(mov));
     select.Add(" ORDER BY IDENTIFICADOR");
@@ -216,7 +219,8 @@ bool TfmFacMov::ExisteQtdePendente(std::string_view numero, std::string_view set
 bool TfmFacMov::ValidaParte(std::string_view parte)
 {
     return !Consulta(R"(
-        SELECT CODIGO FROM {TIPO_APL} WHERE CODIGO = ? AND (ESTOQUE = 'S' OR BAIXA = 'S' OR ATUALIZA = 'S'))", parte)
+        SELECT CODIGO FROM {TIPO_APL} WHERE CODIGO = ? AND (ESTOQUE = 'S' OR BAIXA = 'S' OR ATUALIZA = 'S'))",
+        parte)
                 .IsEmpty();
 }
 
@@ -231,8 +235,8 @@ void TfmFacMov::EdtSetorExit()
 
     const std::string faccao = FaccaoFuncionario(Funcoes().vUsuarioCodigo());
     if (!faccao.empty()
-        && !Existe("FACCAO", "NUMERO,OP,PARTE,CODCLI", Aspas(numero), Aspas(SetorAnterior(EdtSetor.text())), Aspas(parte),
-            Aspas(faccao))) {
+        && !Existe("FACCAO", "NUMERO,OP,PARTE,CODCLI", Aspas(numero), Aspas(SetorAnterior(EdtSetor.text())),
+            Aspas(parte), Aspas(faccao))) {
         EdtSetor.SetText("");
         return Recusa("Setor não permitido para este usuário.", EdtSetor);
     }
@@ -290,7 +294,9 @@ void TfmFacMov::EdtSetorExit()
         && Consulta(R"(
             SELECT PRO_FLUXO.FLUXO
               FROM {OF1} OF1 JOIN {PRO_FLUXO} PRO_FLUXO ON PRO_FLUXO.CODIGO = OF1.CODIGO
-             WHERE OF1.NUMERO = ? AND PRO_FLUXO.PARTE = ?)", numero, parte).IsEmpty()) {
+             WHERE OF1.NUMERO = ? AND PRO_FLUXO.PARTE = ?)",
+            numero, parte)
+               .IsEmpty()) {
         Mensagem("Fluxo não cadastrado para a parte do produto da OF informada.");
         return Cancela();
     }
@@ -299,8 +305,8 @@ void TfmFacMov::EdtSetorExit()
 
 bool TfmFacMov::ForaDaOrdem(std::string_view numero, std::string_view setor, std::string_view parte)
 {
-    const bool presa = !MovimentouSetoresLivre()
-        || (LigaSetor(setor, "BAIXALIVRE") == "N" && MovimentouTodosSetoresLivres());
+    const bool presa
+        = !MovimentouSetoresLivre() || (LigaSetor(setor, "BAIXALIVRE") == "N" && MovimentouTodosSetoresLivres());
     return presa && !edtFluxo.empty() && !Existe("FACCAO", "NUMERO,OP,PARTE", Aspas(numero), Aspas(setor), Aspas(parte))
         && Existe("FACCAO", "NUMERO,PARTE", Aspas(numero), Aspas(parte));
 }
@@ -341,9 +347,9 @@ void TfmFacMov::PreencheMovimentos(std::string_view anterior)
 {
     cbMovimento.ClearItems();
     cbMovimento.SetText("");
-    TOrvQuery movimentos = Consulta(
-        "SELECT DISTINCT MOV FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND MOV IS NOT NULL ORDER BY MOV", edtOFNum.text(),
-        anterior);
+    TOrvQuery movimentos
+        = Consulta("SELECT DISTINCT MOV FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND MOV IS NOT NULL ORDER BY MOV",
+            edtOFNum.text(), anterior);
     movimentos.ForEach([&] { cbMovimento.AddItem(movimentos.FieldByName("MOV").AsString()); });
 }
 

@@ -68,7 +68,8 @@ double TPrecos::PrecoFaccao(const TChavePreco& chave)
 double TPrecos::PrecoProduto(std::string_view numero, std::string_view cor)
 {
     const double labour = MaoDeObra(numero);
-    const double kept = labour - labour * tabela_.PercentualMaoDeObra1() / 100 - labour * tabela_.PercentualMaoDeObra2() / 100;
+    const double kept
+        = labour - labour * tabela_.PercentualMaoDeObra1() / 100 - labour * tabela_.PercentualMaoDeObra2() / 100;
     return RoundTo(kept + Material(numero, cor), 4);
 }
 
