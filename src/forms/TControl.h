@@ -3,7 +3,6 @@
 #include "forms/TComponent.h"
 #include "forms/TEvent.h"
 #include "forms/TKey.h"
-#include "forms/TValue.h"
 
 #include <string>
 #include <string_view>
@@ -11,24 +10,34 @@
 
 namespace alinhavo {
 
+class IPropertySink;
 class TContainer;
 class TForm;
+class TPopupMenu;
+struct TUserEvent;
 
-/// Takes a control's visible properties, one by one, to show them elsewhere. Names are those of docs/protocol.md.
-class IPropertySink {
-public:
-    virtual ~IPropertySink() = default;
-    virtual void Text(std::string_view name, std::string_view value) = 0;
-    virtual void Flag(std::string_view name, bool value) = 0;
-    virtual void Number(std::string_view name, std::int64_t value) = 0;
-    virtual void Texts(std::string_view name, const std::vector<std::string>& values) = 0;
+/// What every kind of control may be given when it is made.
+struct TControlOptions {
+    std::string caption = {};
+    std::string hint = {};
+    bool readOnly = false;
+    bool enabled = true;
+    bool visible = true;
+    bool tabStop = true;
 };
+
+/// The common options out of those of one kind of control.
+template <typename TOptions>
+TControlOptions CommonOptions(const TOptions& options)
+{
+    return {options.caption, options.hint, options.readOnly, options.enabled, options.visible, options.tabStop};
+}
 
 /// A part of a screen that a person sees. It belongs to a container, in the order of its making.
 /// Nothing here knows of pixels: how a kind of control looks is the client's matter.
 class TControl : public TComponent {
 public:
-    TControl(TContainer& parent, std::string name, std::string caption = {}, std::string hint = {});
+    TControl(TContainer& parent, std::string name, TControlOptions options);
     ~TControl() override;
 
     TForm& Form() const;
@@ -40,14 +49,16 @@ public:
     void SetCaption(std::string_view caption);
     const std::string& Hint() const { return hint_; }
     void SetHint(std::string_view hint);
-    bool Enabled() const { return enabled_; }      ///< its own switch
+    bool Enabled() const { return enabled_; } ///< its own switch
     void SetEnabled(bool enabled);
-    bool Visible() const { return visible_; }      ///< its own switch
+    bool Visible() const { return visible_; } ///< its own switch
     void SetVisible(bool visible);
     bool EffectivelyEnabled() const; ///< and all that it stands in
     bool EffectivelyVisible() const; ///< and all that it stands in, its tab being the one that shows
-    bool ReadOnly() const { return readOnly_; }
+    /// No person may change what stands in it: its own switch, or what it is bound to.
+    virtual bool ReadOnly() const { return readOnly_; }
     void SetReadOnly(bool readOnly);
+    /// Tab and Enter stop at it.
     bool TabStop() const { return tabStop_; }
     void SetTabStop(bool tabStop) { tabStop_ = tabStop; }
 
@@ -55,47 +66,69 @@ public:
     bool CanFocus() const;
     bool Focused() const;
     /// From code. Outside a leaving: leaves the focused control and enters this one. Inside an OnExit: says where the
-    /// focus goes in the end, without leaving anything else. Nothing when CanFocus() is false.
+    /// focus goes in the end, without leaving anything else. Before the screen is shown: where it will stand.
+    /// Nothing when CanFocus() is false.
     void SetFocus();
+    /// Where the control can take the focus; otherwise the screen stays as it is.
+    void SetFocusIfPossible() { SetFocus(); }
+
+    /// What the right button or the menu key opens; null for none.
+    TPopupMenu* PopupMenu() const { return popupMenu_; }
+    void SetPopupMenu(TPopupMenu* menu);
 
     TEvent<> OnEnter;
+    /// A person leaves it, or SetFocus of another control does. Form().ActiveControl() is where the focus is going; SetFocus
+    /// in here has the last word. An exception keeps the focus where it was.
     TEvent<> OnExit;
-    /// Before the key's own effect; emptying the key's name swallows it.
+    /// Before the key's own effect; swallowing the key prevents it. Moving the focus does as well.
     TEvent<TKey&> OnKeyDown;
 
     int Tag = 0;
 
     /// All that a person sees of it; calls the base first.
     virtual void Describe(IPropertySink& sink) const;
+    /// The letter after the caption's "&", in lower case; empty when there is none.
+    std::string AcceleratorLetter() const;
+    /// The caption without its "&".
+    std::string PlainCaption() const;
 
 protected:
+    friend class TForm;
+    friend class TApplication;
+
+    explicit TControl(std::string name, TControlOptions options); ///< for TForm, which stands in nothing
+
+    /// Something visible is another: the application's view hears of it, once the screen is shown.
+    void Changed();
+    /// The focus goes to it as a person's click moves it; false when it ended elsewhere.
+    bool TakeFocus();
+
+    /// A kind that can hold the focus.
     virtual bool Interactive() const { return true; }
-    void Changed(); ///< something visible is another: the application's view hears of it
+    /// A person did this to the control, which is visible and enabled. Empty, or why that cannot be.
+    virtual std::string Perform(const TUserEvent& event);
+    /// The key's own effect; false when it has none in this kind of control.
+    virtual bool KeyEffect(const TKey& key);
+    /// Alt and its letter.
+    virtual void Accelerate();
+    /// What was typed goes to where it belongs; an exception says why it cannot.
+    virtual void CommitInput() { }
+    virtual void Enter();
+    virtual void Exit();
+    /// Shows what stands in it to a person: a page that is not in front does not.
+    virtual bool ShowsContents() const { return visible_; }
+    virtual void VisibilityChanged() { }
 
 private:
-    friend class TForm;
-    TContainer* parent_;
+    friend class TContainer;
+    TContainer* parent_ = nullptr;
+    TPopupMenu* popupMenu_ = nullptr;
     std::string caption_; ///< an "&" stands before the letter that Alt reaches it by
     std::string hint_;
+    bool readOnly_ = false;
     bool enabled_ = true;
     bool visible_ = true;
-    bool readOnly_ = false;
     bool tabStop_ = true;
-};
-
-/// A control that holds others: a form, a panel, a tab.
-class TContainer : public TControl {
-public:
-    using TControl::TControl;
-    const std::vector<TControl*>& Controls() const { return controls_; }
-
-protected:
-    bool Interactive() const override { return false; }
-    explicit TContainer(std::string formName, std::string caption); ///< for TForm alone, which stands in nothing
-
-private:
-    friend class TControl;
-    std::vector<TControl*> controls_;
 };
 
 } // namespace alinhavo

@@ -1,15 +1,18 @@
 #pragma once
 
-#include "forms/TDataSet.h"
-#include "forms/TDateTime.h"
+#include "forms/TEvent.h"
+#include "forms/TModalResult.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace alinhavo {
 
-enum class TModalResult { None, Ok, Cancel, Yes, No };
+class TDataSet;
+struct TUserEvent;
+
 enum class TIcon { Information, Warning, Question, Stop };
 enum class TButtons { Ok, OkCancel, YesNo, YesNoCancel };
 
@@ -18,26 +21,34 @@ struct TDialog {
     enum class TKind { Message, Input, Date, Lookup, File, Supervisor, Picture, Report };
 
     TKind kind = TKind::Message;
-    std::string title;
-    std::string text;
+    std::string title = {};
+    std::string text = {};
     TIcon icon = TIcon::Information;
     TButtons buttons = TButtons::Ok;
     TModalResult defaultButton = TModalResult::Ok;
 
     // Input, Date, File, Supervisor: what stands in the field at first, and then what was answered.
-    std::string value;
-    std::string password;              ///< Supervisor; cleared as soon as it was checked
+    std::string value = {};
+    std::string password = {}; ///< Supervisor; cleared as soon as it was checked
+    std::string filter = {}; ///< File: "*.png;*.jpg"
     // Lookup: what can be picked. The columns are the dataset's visible fields.
     TDataSet* rows = nullptr;
     bool multiple = false;
     /// Asked for anew with each change of the search text; the lookup refills `rows`.
-    TEvent<std::string_view> OnSearch;
-    std::vector<std::int64_t> picked;  ///< rows of `rows`, from 0
+    TEvent<std::string_view> OnSearch = {};
+    std::vector<std::int64_t> picked = {}; ///< rows of `rows`, from 0
     // Picture: files to show. Report: number of the report to open.
-    std::vector<std::string> files;
+    std::vector<std::string> files = {};
 
     TModalResult result = TModalResult::None;
-    bool beep = false;                 ///< an alarm: to be heard
+    bool beep = false; ///< an alarm: to be heard
+
+    /// The answers that its buttons give.
+    bool Offers(TModalResult answer) const;
+    /// What Esc answers: Cancel where it is offered, else No, else OK.
+    TModalResult EscAnswer() const;
+    /// Takes an answer. Empty, or why a person could not have given it; then nothing is changed.
+    std::string Answer(const TUserEvent& event);
 };
 
 } // namespace alinhavo

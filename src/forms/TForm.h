@@ -1,9 +1,9 @@
 #pragma once
 
-#include "forms/TControl.h"
+#include "forms/TContainer.h"
 #include "forms/TDialog.h"
+#include "forms/TModalResult.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -25,28 +25,32 @@ public:
 
     /// Shows it as a tab of the main window and brings it to the front.
     void Show();
-    /// Runs it modally: returns when ModalResult is set or it is closed (Cancel).
+    /// Runs it modally: returns when ModalResult is set or it is closed (Cancel). It may then still be asked for its
+    /// results, until the caller's event is done.
     TModalResult ShowModal();
-    /// Asks OnCloseQuery, then hides it; a screen that was loaded to be freed is destroyed when the event is done.
-    void Close();
+    /// Asks OnCloseQuery, then takes it away; false when it stays open. A screen made by LoadForm is destroyed when no
+    /// handler is running that could know it, and is found no more until then, unless it is shown again.
+    bool Close();
     bool Showing() const { return showing_; }
+    bool Modal() const { return modal_; }
 
     /// Set by the screen itself, or by another that it runs: ends the modal run.
     TModalResult ModalResult = TModalResult::None;
 
-    /// The control that has, or is just getting, the focus; null before the screen is shown.
+    /// The control that has, or is just getting, the focus; where it will stand before the screen is shown.
     TControl* ActiveControl() const { return activeControl_; }
-    /// Where the focus is going while an OnExit runs is the same as ActiveControl().
+    /// While an OnExit runs: the user went to this control.
     bool FocusGoesTo(const TControl& control) const { return activeControl_ == &control; }
     /// First control in the order of their making that can take the focus.
     void FocusFirst();
-    /// The next (or previous) control in the order of their making that can take the focus and is a tab stop.
+    /// As SetFocus of the next (or previous) control in the order of their making that a person can fill.
     void SelectNext(bool forward = true);
 
     TEvent<> OnShow;
     TEvent<bool&> OnCloseQuery; ///< false keeps it open
     TEvent<> OnClose;
-    TEvent<TKey&> OnKeyDown;    ///< before the focused control's; emptying the key's name swallows it
+
+    void Describe(IPropertySink& sink) const override;
 
     // What screens say to their user. Titles are the screen's caption unless given.
     void Mensagem(std::string_view text, std::string_view title = {}, TIcon icon = TIcon::Information);
@@ -67,11 +71,43 @@ public:
 private:
     friend class TApplication;
     friend class TControl;
+    friend class TPageControl;
+
+    /// As a person moves it: leaves, asks, enters. True when the focus arrived.
+    bool MoveFocus(TControl& target);
+    bool RunExit(TControl& old);
+    void SetFocusFromCode(TControl& target);
+    void Arrive(TControl* old);
+    /// A focused control that no longer can be moves the focus on.
+    void SettleFocus();
+    TControl* NextFocusable(const TControl& from, bool forward) const;
+    TControl* NextToFill(const TControl* from, bool forward) const;
+    std::vector<TControl*> FocusOrder() const;
+    void Forget(TControl& control);
+
+    void HandleKey(TKey key);
+    void KeyDefault(const TKey& key);
+    bool MoveOn(bool forward);
+    bool PressShortcut(const TKey& key);
+    bool PressAccelerator(const TKey& key);
+    bool PressMenuShortcut(TControl& control, const TKey& key);
+    bool PressRole(int role);
+    bool Escape();
+
+    void BeginShowing();
+    bool MayClose();
+    void EndShowing();
+    std::string TitleOr(std::string_view title) const;
+
     TApplication& application_;
     std::string className_;
     TControl* activeControl_ = nullptr;
     bool leaving_ = false;
+    bool focusSaid_ = false; ///< an OnExit has said where the focus goes
     bool showing_ = false;
+    bool modal_ = false;
+    bool closed_ = false;
+    int loadedDepth_ = 1; ///< handlers below this depth began before the screen was made
 };
 
 } // namespace alinhavo

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <string>
 #include <string_view>
 
@@ -9,7 +8,7 @@ namespace alinhavo {
 /// A key with its modifiers. `name` is "Enter", "Tab", "Esc", "Space", "Del", "Ins", "Home", "End", "PgUp", "PgDn",
 /// "Up", "Down", "Left", "Right", "Backspace", "F1" to "F12", or the character that it types ("5", "a", "Á").
 struct TKey {
-    std::string name;
+    std::string name = {};
     bool shift = false;
     bool ctrl = false;
     bool alt = false;
@@ -18,6 +17,11 @@ struct TKey {
     static TKey Parse(std::string_view text);
     std::string Text() const;
     bool IsDigit() const;
+    /// A character, without Ctrl and Alt.
+    bool IsTyped() const;
+    /// Swallowed keys have no further effect.
+    void Swallow() { name.clear(); }
+    bool Swallowed() const { return name.empty(); }
     friend bool operator==(const TKey&, const TKey&) = default;
 };
 
