@@ -20,7 +20,8 @@ public:
     /// Seconds since 1970-01-01 00:00 of the calendar. Any value but the lowest.
     static constexpr TDateTime FromSeconds(std::int64_t seconds) { return TDateTime(seconds); }
     static constexpr TDateTime FromDays(std::int64_t days) { return TDateTime(days * SecondsPerDay); }
-    /// "DD/MM/YYYY", "D/M/YY" or "DDMMYY[YY]", with or without " HH:MM[:SS]". Blank when the text is no real date.
+    /// "DD/MM/YYYY", "D/M/YY" or "DDMMYY[YY]", with or without " HH:MM[:SS]"; two digits are years from 1950 to
+    /// 2049. Blank when the text is no real date.
     static TDateTime Parse(std::string_view text);
 
     constexpr bool IsBlank() const { return seconds_ == Blank; }

@@ -2,6 +2,7 @@
 
 #include "forms/TValue.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -19,12 +20,18 @@ class TTextPool {
 public:
     using Id = std::uint32_t;
 
+    TTextPool() = default;
+    TTextPool(const TTextPool&) = delete;
+    TTextPool& operator=(const TTextPool&) = delete;
+
     Id Add(std::string_view text);
     std::string_view Text(Id id) const { return texts_[id]; }
+    std::size_t Bytes() const { return bytes_; } ///< memory held, by estimate
 
 private:
     std::deque<std::string> texts_;
-    std::unordered_map<std::string_view, Id> ids_;
+    std::unordered_map<std::string_view, Id> ids_; ///< its keys look into texts_
+    std::size_t bytes_ = 0;
 };
 
 /// The cells of one column. What is set must be of the column's kind; AppendNull and SetNull suit every kind.
@@ -42,7 +49,7 @@ public:
     void AppendFloat(double value);
     void AppendText(std::string_view value);
     void AppendDate(TDateTime value);
-    /// Converted to the column's kind.
+    /// Converted to the column's kind; the empty text is null in a column that holds no texts.
     void Append(const TValue& value);
     void Set(std::size_t row, const TValue& value);
     void Reserve(std::size_t rows);
@@ -65,13 +72,14 @@ private:
     TFieldKind kind_;
     int size_;
     std::shared_ptr<TTextPool> pool_;
-    std::vector<std::int64_t> whole_;      ///< Integer, Date, DateTime (seconds); the lowest value is null
-    std::vector<double> floats_;           ///< a NaN is null
-    std::vector<TTextPool::Id> texts_;     ///< the highest number is null
+    std::vector<std::int64_t> whole_; ///< Integer, Date, DateTime (seconds); the lowest value is null
+    std::vector<double> floats_; ///< a NaN is null
+    std::vector<TTextPool::Id> texts_; ///< the highest number is null
 };
 
 /// Rows and columns in memory: what a query fetched or a memory table holds. Rows are numbered in the order of their
-/// arrival and keep their number; a removed row leaves a gap that the owner's view no longer shows.
+/// arrival and keep their number; a removed row leaves a gap that the owner's view no longer shows. A copy shares the
+/// kept texts with its original, so both belong to the same thread.
 class TTableData {
 public:
     TTableData();

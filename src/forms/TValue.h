@@ -3,9 +3,11 @@
 #include "forms/TDateTime.h"
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace alinhavo {
@@ -21,9 +23,12 @@ public:
     {
     }
     TValue(bool) = delete; ///< a flag in the database is "S" or "N"
+    TValue(char) = delete; ///< a text of one character is a text
+    /// What is no number (NaN) is null.
     TValue(std::floating_point auto value)
-        : value_(static_cast<double>(value))
     {
+        if (value == value)
+            value_ = static_cast<double>(value);
     }
     TValue(std::string value)
         : value_(std::move(value))
@@ -52,10 +57,11 @@ public:
 
     /// Numbers without superfluous zeros and with a point; dates as "DD/MM/YYYY", with the hour when they have one.
     std::string AsString() const;
-    /// Texts with a point or a comma.
+    /// Texts with a point or a comma; dates as days since 1970-01-01, the hour as a fraction.
     double AsFloat() const;
     /// Cut towards zero.
     std::int64_t AsInteger() const;
+    /// Texts as `TDateTime::Parse` reads them; blank for a number.
     TDateTime AsDateTime() const;
     /// Null and the empty text.
     bool IsEmpty() const { return IsNull() || (IsText() && Text().empty()); }

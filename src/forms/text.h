@@ -30,7 +30,8 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
 bool ValidUtf8(std::string_view text);
 
 /// The one order of texts, in memory tables and on both servers: blanks, marks, digits, letters; Á stands beside A;
-/// an accent counts more than case; lower before upper case. Texts are equal only when they are the same.
+/// an accent counts more than case; lower before upper case. Texts are equal only when they are the same. Characters
+/// beyond the Western European ones follow them, by their number.
 /// Negative, zero or positive.
 int CompareText(std::string_view left, std::string_view right);
 

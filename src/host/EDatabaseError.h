@@ -6,14 +6,14 @@
 namespace alinhavo {
 
 enum class TDatabaseErrorKind {
-    Duplicate,     ///< a key or unique index already holds the value
-    Referenced,    ///< rows of another table hold the row, or the row names one that does not exist
-    Lock,          ///< another user's pending work holds the row, and the configured wait is over
-    NotNull,       ///< a key column would be null
-    Conversion,    ///< a text is too long, or is no number or date
-    Syntax,        ///< the statement is none, or a value list or bare number in it is none
-    Connection,    ///< the line to the server is cut; the pending work is lost
-    Cancelled,     ///< the user gave up waiting
+    Duplicate, ///< a key or unique index already holds the value
+    Referenced, ///< rows of another table hold the row, or the row names one that does not exist
+    Lock, ///< another user's pending work holds the row, and the configured wait is over
+    NotNull, ///< a key column would be null
+    Conversion, ///< a text is too long, or is no number or date
+    Syntax, ///< the statement is none, or a value list or bare number in it is none
+    Connection, ///< the line to the server is cut; the pending work is lost
+    Cancelled, ///< the user gave up waiting
     Other,
 };
 

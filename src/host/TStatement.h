@@ -2,20 +2,39 @@
 
 #include "forms/TValue.h"
 
-#include <concepts>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace alinhavo {
 
-/// A piece of SQL that stands in the source as a literal. Text made at run time cannot become one.
+namespace detail {
+
+/// The quote, ' or ", that is open behind a character when `open` was open before it; 0 when none is.
+constexpr char QuoteAfter(char open, char character)
+{
+    if (open != 0)
+        return character == open ? '\0' : open;
+    return character == '\'' || character == '"' ? character : '\0';
+}
+
+} // namespace detail
+
+/// A piece of SQL that stands in the source as a literal. Text made at run time cannot become one, and a piece that
+/// leaves a quote open does not compile.
 class TFragment {
 public:
     template <std::size_t N>
     consteval TFragment(const char (&text)[N])
         : text_(text, N - 1)
     {
+        char quote = 0;
+        for (const char character : text_)
+            quote = detail::QuoteAfter(quote, character);
+        if (quote != 0)
+            throw "a fragment leaves a quote open";
     }
     constexpr std::string_view Text() const { return text_; }
 
@@ -59,7 +78,10 @@ TValue BareNumber(std::string_view text);
 class TStatement {
 public:
     TStatement() = default;
-    TStatement(TFragment fragment, auto&&... arguments) { Add(fragment, std::forward<decltype(arguments)>(arguments)...); }
+    TStatement(TFragment fragment, auto&&... arguments)
+    {
+        Add(fragment, std::forward<decltype(arguments)>(arguments)...);
+    }
 
     /// Appends the fragment. There must be as many `?` as arguments (a std::logic_error otherwise). An argument is a
     /// value (anything a TValue is made of), a TName, which is written in place of its `?`, or a TLiteralList, whose `?`
