@@ -3,16 +3,20 @@
 #include "forms/TEvent.h"
 #include "forms/TTableData.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace alinhavo {
 
 class TDataSet;
 
-/// How a field presents itself; all of it may be changed by the screen.
+/// How a field presents itself; all of it may be changed by the screen. Code may write a read-only field.
 struct TFieldOptions {
-    std::string title = {};          ///< of its grid column; empty: the field's name
-    int decimals = -1;               ///< digits behind the comma on screen; -1: as many as there are
+    std::string title = {}; ///< of its grid column; empty: the field's name
+    int decimals = -1; ///< digits behind the comma on screen; -1: as many as there are
     bool readOnly = false;
     bool visible = true;
 };
@@ -29,34 +33,50 @@ public:
 
     const std::string& Name() const { return name_; }
     TFieldKind Kind() const { return kind_; }
-    int Size() const { return size_; } ///< characters of a text; a longer text is cut when it is written
+    int Size() const
+    {
+        return size_;
+    } ///< characters of a text, 0 when unlimited; a longer text is cut when it is written
     TDataSet& DataSet() const { return dataset_; }
 
     bool IsNull() const;
     TValue Value() const;
+    /// Of a row in edit: as it is stored, null for a new row. Otherwise the value.
+    TValue OldValue() const;
     std::string AsString() const;
     double AsFloat() const;
     std::int64_t AsInteger() const; ///< cut towards zero
     TDateTime AsDateTime() const;
     /// As a grid shows it: dates, numbers with a comma and the field's decimals.
-    std::string DisplayText() const;
+    std::string DisplayText() const { return DisplayText(Value()); }
+    std::string DisplayText(const TValue& value) const;
 
-    void Set(const TValue& value); ///< fires OnChange when the value is another
+    /// Converted to the field's kind, texts without trailing blanks. Fires OnChange when the value is another than
+    /// before; an equal one changes nothing.
+    void Set(const TValue& value);
     void Clear() { Set(TValue()); }
-    /// What a person typed: converted with comma or point, DD/MM/YYYY. A text that is no number or date raises
-    /// std::invalid_argument with a Portuguese text and changes nothing.
+    /// What a person typed: converted with comma or point, DD/MM/YYYY; nothing typed is null. A text that is no number
+    /// or date raises std::invalid_argument with a Portuguese text and changes nothing.
     void SetTyped(std::string_view text);
+
+    /// What the value is among the values of this field: a date for a text that reads as one, no trailing blanks.
+    TValue Comparable(const TValue& value) const;
 
     TFieldOptions options;
     TEvent<TField&> OnChange;
 
 private:
     friend class TDataSet;
+
+    TValue Converted(const TValue& value) const;
+    std::string Cut(std::string_view text) const;
+    TValue Typed(std::string_view text) const;
+
     TDataSet& dataset_;
     std::string name_;
     TFieldKind kind_;
     int size_;
-    int column_ = -1; ///< in the dataset's data
+    std::size_t column_ = 0; ///< in the dataset's rows; the dataset keeps it right
 };
 
 class TStringField final : public TField {
