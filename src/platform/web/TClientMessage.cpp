@@ -164,7 +164,7 @@ struct TShape {
 using TEventKind = TUserEvent::TKind;
 constexpr std::array Shapes = {
     TShape{"focus", TEventKind::Focus, {"form", "control"}},
-    TShape{"text", TEventKind::Text, {"form", "control", "text"}},
+    TShape{"text", TEventKind::Text, {"form", "control", "text", "key?"}},
     TShape{"key", TEventKind::Key, {"form", "control", "key"}},
     TShape{"click", TEventKind::Click, {"form", "control"}},
     TShape{"doubleClick", TEventKind::DoubleClick, {"form", "control", "index?"}},
@@ -172,7 +172,7 @@ constexpr std::array Shapes = {
     TShape{"select", TEventKind::Select, {"form", "control", "index"}},
     TShape{"page", TEventKind::Page, {"form", "control", "index"}},
     TShape{"cell", TEventKind::GridCell, {"form", "control", "row", "column"}},
-    TShape{"cellText", TEventKind::GridText, {"form", "control", "text"}},
+    TShape{"cellText", TEventKind::GridText, {"form", "control", "text", "key?"}},
     TShape{"title", TEventKind::GridTitle, {"form", "control", "column"}},
     TShape{"cellDoubleClick", TEventKind::GridDouble, {"form", "control", "row", "column"}},
     TShape{"tick", TEventKind::GridTick, {"form", "control", "row", "column", "checked"}},

@@ -14,52 +14,13 @@ using json = nlohmann::json;
 
 std::size_t HashOf(const json& value) { return std::hash<json>{}(value); }
 
-std::string TitleOf(const TGridColumn& column, const TField* field)
-{
-    if (!column.title.empty())
-        return column.title;
-    return field && !field->options.title.empty() ? field->options.title : column.field;
-}
-
-json ColumnOf(const TGrid& grid, const TGridColumn& column)
-{
-    const auto* dataset = grid.DataSet();
-    const auto* field = dataset ? dataset->FindField(column.field) : nullptr;
-    json object = {{"field", column.field}, {"title", TitleOf(column, field)}};
-    if (field)
-        object["number"] = field->Kind() == TFieldKind::Integer || field->Kind() == TFieldKind::Float;
-    if (column.width > 0)
-        object["width"] = column.width;
-    if (!column.pickList.empty())
-        object["items"] = column.pickList;
-    if (column.tick)
-        object["tick"] = true;
-    if (column.lookup)
-        object["lookup"] = true;
-    if (grid.ColumnReadOnly(column.field))
-        object["readOnly"] = true;
-    return object;
-}
-
-json ColumnsOf(const TGrid& grid)
-{
-    auto columns = json::array();
-    for (const auto& column : grid.Columns()) {
-        if (grid.ColumnVisible(column.field))
-            columns.push_back(ColumnOf(grid, column));
-    }
-    return columns;
-}
-
-/// The colour's number, then a text for each visible column.
+/// The colour's number, then a text for each column; a hidden column's is empty.
 json RowOf(const TGrid& grid, std::int64_t row)
 {
     const auto index = static_cast<std::size_t>(row);
     json cells = {static_cast<int>(grid.RowColor(index))};
-    for (const auto& column : grid.Columns()) {
-        if (grid.ColumnVisible(column.field))
-            cells.push_back(grid.CellText(index, column));
-    }
+    for (const auto& column : grid.Columns())
+        cells.push_back(column.visible ? grid.CellText(index, column) : std::string());
     return cells;
 }
 
@@ -111,17 +72,17 @@ void TScreenImage::AddChanges(json& list, const TControl& control)
 json TScreenImage::Differences(TControlImage& image, const TControl& control)
 {
     json differences = json::object();
+    std::vector<std::pair<std::string, std::size_t>> values;
     for (const auto& [name, value] : TProperties(control).All()) {
-        const auto hash = HashOf(value);
-        const auto known = std::ranges::find(image.values, name, &std::pair<std::string, std::size_t>::first);
-        if (known == image.values.end())
-            image.values.emplace_back(name, hash);
-        else if (known->second == hash)
-            continue;
-        else
-            known->second = hash;
-        differences[name] = value;
+        values.emplace_back(name, HashOf(value));
+        if (std::ranges::find(image.values, values.back()) == image.values.end())
+            differences[name] = value;
     }
+    for (const auto& [name, hash] : image.values) {
+        if (std::ranges::find(values, name, &std::pair<std::string, std::size_t>::first) == values.end())
+            differences[name] = nullptr;
+    }
+    image.values = std::move(values);
     if (const auto* grid = dynamic_cast<const TGrid*>(&control))
         TellGrid(differences, image, *grid);
     return differences;
@@ -129,19 +90,12 @@ json TScreenImage::Differences(TControlImage& image, const TControl& control)
 
 void TScreenImage::TellGrid(json& message, TControlImage& image, const TGrid& grid)
 {
-    const bool first = !image.grid;
-    if (first)
+    if (!image.grid)
         image.grid = std::make_unique<TGridImage>();
     auto& told = *image.grid;
-
-    auto columns = ColumnsOf(grid);
-    const auto columnsHash = HashOf(columns);
-    const bool otherColumns = first || told.columns != columnsHash;
-    if (otherColumns) {
-        told.columns = columnsHash;
+    const bool otherColumns = message.contains("columns") || message.contains("columnStates");
+    if (otherColumns)
         told.rows.Forget();
-        message["columns"] = std::move(columns);
-    }
     const bool allRows = otherColumns || told.version != grid.RowsVersion();
     told.version = grid.RowsVersion();
     told.rows.Tell(message, static_cast<std::int64_t>(grid.RowCount()), grid.CurrentRow(),

@@ -37,7 +37,6 @@ private:
     struct TGridImage {
         TRowsImage rows;
         std::uint64_t version = 0;
-        std::size_t columns = 0; ///< a hash of what was told of them
     };
     struct TControlImage {
         const TForm* form = nullptr;

@@ -138,12 +138,30 @@ bool TWebSession::Ended() const
 
 TUserEvent TWebSession::Next()
 {
+    if (following_) {
+        const auto [number, typed, focus] = std::exchange(following_, {}).value();
+        handling_.push_back({number});
+        return *typed;
+    }
     TClientMessage message;
     while (Take(message)) {
         if (CarryOut(message))
-            return std::move(message.event);
+            return Begin(std::move(message.event), message.number);
     }
     return {.kind = TUserEvent::TKind::Terminate};
+}
+
+// A text that came with its key is two events: the key, and the text unless the key was swallowed or moved the focus.
+TUserEvent TWebSession::Begin(TUserEvent event, std::int64_t number)
+{
+    const bool typed = event.kind == TUserEvent::TKind::Text || event.kind == TUserEvent::TKind::GridText;
+    if (!typed || event.key.name.empty()) {
+        handling_.push_back({number});
+        return event;
+    }
+    TUserEvent key{.kind = TUserEvent::TKind::Key, .form = event.form, .control = event.control, .key = event.key};
+    handling_.push_back({number, std::move(event), FocusNow()});
+    return key;
 }
 
 bool TWebSession::Take(TClientMessage& message)
@@ -188,7 +206,6 @@ bool TWebSession::CarryOut(TClientMessage& message)
         return false;
     }
     NoteEntered(message.event);
-    handling_.push_back(message.number);
     return true;
 }
 
@@ -207,9 +224,18 @@ void TWebSession::Handled(const TUserEvent& event, std::string_view refusal)
 {
     if (event.kind == TUserEvent::TKind::Terminate || handling_.empty())
         return;
-    if (!refusal.empty())
-        Refuse(handling_.back(), refusal);
+    auto done = std::move(handling_.back());
     handling_.pop_back();
+    if (!refusal.empty()) {
+        Refuse(done.number, refusal);
+        if (auto* control = FindControl(event))
+            ControlChanged(*control);
+        return;
+    }
+    if (!done.then || application_->KeySwallowed())
+        return;
+    if (FocusNow() == done.focus)
+        following_ = std::move(done);
 }
 
 void TWebSession::Refuse(std::int64_t number, std::string_view why)

@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -65,6 +66,13 @@ private:
         friend bool operator==(const TFocus&, const TFocus&) = default;
     };
 
+    /// An event that the application has.
+    struct TInWork {
+        std::int64_t number = 0;
+        std::optional<TUserEvent> then = {}; ///< a key was pressed first, this is what it typed
+        TFocus focus = {}; ///< where the key was pressed
+    };
+
     void Run();
 
     // On the session's thread, called by its application.
@@ -82,6 +90,7 @@ private:
     /// The next message to carry out; blocks, and tells the client what changed before it does. False when the session ends.
     bool Take(TClientMessage& message);
     bool CarryOut(TClientMessage& message);
+    TUserEvent Begin(TUserEvent event, std::int64_t number);
     void GiveRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
     /// Begins a new turn when what the user types would go elsewhere, or into another text, than the client was told.
@@ -119,7 +128,8 @@ private:
     std::set<const TControl*> changedSet_;
     nlohmann::json refused_ = nlohmann::json::array();
     nlohmann::json passed_ = nlohmann::json::array();
-    std::vector<std::int64_t> handling_; ///< numbers of the messages in work, the innermost last
+    std::vector<TInWork> handling_; ///< the innermost last
+    std::optional<TInWork> following_; ///< what a key typed whose handlers did not swallow it
     std::int64_t done_ = 0;
     std::int64_t doneTold_ = 0;
     std::int64_t turn_ = 1;
