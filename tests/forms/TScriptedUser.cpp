@@ -23,7 +23,11 @@ void TScriptedUser::WillPick(std::vector<std::int64_t> rows)
 TUserEvent TScriptedUser::Next()
 {
     const auto* dialog = application_->TopDialog();
-    if (coming_.empty() || (dialog && coming_.front().kind != Answer && coming_.front().kind != Search)) {
+    if (dialog && OnDialog)
+        OnDialog();
+    const bool mayCome = !dialog || coming_.empty() || coming_.front().kind == Answer || coming_.front().kind == Search
+        || coming_.front().kind == Terminate;
+    if (coming_.empty() || !mayCome) {
         ADD_FAILURE() << "nobody told what to do about "
                       << (dialog ? dialog->text : application_->ActiveForm()->Name());
         return {.kind = Terminate};
@@ -31,6 +35,12 @@ TUserEvent TScriptedUser::Next()
     auto event = std::move(coming_.front());
     coming_.pop_front();
     return event;
+}
+
+void TScriptedUser::Handled(const TUserEvent&, std::string_view refusal)
+{
+    if (!refusal.empty())
+        Refusals.emplace_back(refusal);
 }
 
 std::string TScriptedUser::Do(const TUserEvent& event) { return application_->Handle(event); }
