@@ -148,11 +148,11 @@ TEST_P(DemoFactory, OrdersMakeWhatTheirSalesOrdersAskFor)
         0);
 }
 
-TEST_P(DemoFactory, OrdersAndSalesOrdersNameTheSameClient)
+TEST_P(DemoFactory, OrdersAndSalesOrdersNameTheSameClientAndPeriod)
 {
     EXPECT_EQ(Count({R"(
         SELECT COUNT(*) FROM {OF1} O LEFT JOIN {PEDIDO} P ON P.NUMERO = O.PEDIDO
-         WHERE COALESCE(O.PEDIDO, '') <> '' AND COALESCE(P.CODCLI, '') <> O.CODCLI)"}),
+         WHERE COALESCE(O.PEDIDO, '') <> '' AND (COALESCE(P.CODCLI, '') <> O.CODCLI OR P.PERIODO <> O.PERIODO))"}),
         0);
     EXPECT_GT(Count({"SELECT COUNT(*) FROM {OF1} WHERE COALESCE(PEDIDO, '') = ''"}), 0) << "some make for stock";
     EXPECT_GT(Count({"SELECT COUNT(DISTINCT NUMERO) FROM {PED_ITEN} WHERE QTDE_CANC > 0"}), 0) << "some are called off";

@@ -28,8 +28,11 @@ public:
     void TearDown() override
     {
         databases_.clear();
-        for (const TDatabaseAddress& address : addresses_)
-            DropDatabase(address);
+        // The folder of the files may be gone already.
+        for (const TDatabaseAddress& address : addresses_) {
+            if (DatabaseExists(address))
+                DropDatabase(address);
+        }
     }
 
 private:
