@@ -12,10 +12,10 @@ namespace alinhavo {
 
 namespace {
 
-void CopyTexts(const TColumnData& from, const std::vector<TRow>& rows, TColumnData& to)
+void CopyTexts(const TColumnData& from, const std::vector<TRowNumber>& rows, TColumnData& to)
 {
     const auto limit = static_cast<std::size_t>(to.Size());
-    for (const TRow row : rows) {
+    for (const TRowNumber row : rows) {
         const std::string_view text = from.Text(row);
         if (from.IsNull(row))
             to.AppendNull();
@@ -26,11 +26,11 @@ void CopyTexts(const TColumnData& from, const std::vector<TRow>& rows, TColumnDa
     }
 }
 
-void CopyCells(const TColumnData& from, const std::vector<TRow>& rows, TColumnData& to)
+void CopyCells(const TColumnData& from, const std::vector<TRowNumber>& rows, TColumnData& to)
 {
     if (from.Kind() == TFieldKind::Text && to.Kind() == TFieldKind::Text)
         return CopyTexts(from, rows, to);
-    for (const TRow row : rows)
+    for (const TRowNumber row : rows)
         to.Append(from.Value(row));
 }
 
@@ -74,6 +74,11 @@ void TDataSet::Register(TField& field)
     if (!fieldsByName_.emplace(UpperCase(field.name_), &field).second)
         throw std::logic_error(Name() + " has a field " + field.name_ + " already");
     fields_.push_back(&field);
+    Bind(field);
+}
+
+void TDataSet::Bind(TField& field)
+{
     const int column = rows_->Data().FindColumn(field.name_);
     field.column_
         = column >= 0 ? static_cast<std::size_t>(column) : rows_->AddColumn(field.name_, field.kind_, field.size_);
@@ -125,11 +130,8 @@ void TDataSet::BindFields()
         const int column = rows_->Data().FindColumn(field->name_);
         return column < 0 || rows_->Data().Column(static_cast<std::size_t>(column)).Kind() != field->kind_;
     });
-    for (TField* field : fields_) {
-        const int column = rows_->Data().FindColumn(field->name_);
-        field->column_ = column >= 0 ? static_cast<std::size_t>(column)
-                                     : rows_->AddColumn(field->name_, field->kind_, field->size_);
-    }
+    for (TField* field : fields_)
+        Bind(*field);
     if (makesFields_)
         MakeFields();
 }
@@ -157,7 +159,7 @@ TValue TDataSet::Cell(const TField& field) const
 
 TValue TDataSet::StoredCell(const TField& field) const
 {
-    const std::optional<TRow> row = CurrentRow();
+    const std::optional<TRowNumber> row = CurrentRow();
     return row ? rows_->Data().Column(field.column_).Value(*row) : TValue();
 }
 
@@ -224,7 +226,7 @@ TTableData TDataSet::EmptyData() const
 TTableData TDataSet::Fitted(TDataSet& source) const
 {
     source.CheckBrowse();
-    const std::vector<TRow>& rows = source.View().Shown();
+    const std::vector<TRowNumber>& rows = source.View().Shown();
     TTableData data = EmptyData();
     data.Reserve(rows.size());
     for (std::size_t index = 0; index < data.ColumnCount(); ++index) {
@@ -340,16 +342,16 @@ void TDataSet::Scrolled()
         detail->Scrolled();
 }
 
-void TDataSet::RowAdded(TRow row)
+void TDataSet::RowAdded(TRowNumber row)
 {
     if (Accepts(row))
         view_.Add(row);
     Tell({.rows = true});
 }
 
-void TDataSet::RowChanging(TRow row) { changing_ = view_.Find(row); }
+void TDataSet::RowChanging(TRowNumber row) { changing_ = view_.Find(row); }
 
-void TDataSet::RowChanged(TRow row)
+void TDataSet::RowChanged(TRowNumber row)
 {
     const std::optional<std::size_t> position = std::exchange(changing_, std::nullopt);
     const bool isAccepted = Accepts(row);
@@ -362,7 +364,7 @@ void TDataSet::RowChanged(TRow row)
     Tell({.rows = true, .cursor = true});
 }
 
-void TDataSet::RowRemoving(TRow row)
+void TDataSet::RowRemoving(TRowNumber row)
 {
     const std::optional<std::size_t> position = view_.Find(row);
     if (!position)
@@ -386,7 +388,7 @@ void TDataSet::RowsReplaced()
     DropLostKeys();
     view_.SetKeys(Columns(order_));
     linkTests_ = LinkTests();
-    view_.FillFromStart([this](TRow row) { return Accepts(row); });
+    view_.FillFromStart([this](TRowNumber row) { return Accepts(row); });
     bof_ = true;
     eof_ = false;
     Tell({.rows = true, .cursor = true});

@@ -222,6 +222,8 @@ private:
     // Fields
     void Register(TField& field);
     void Unregister(TField& field);
+    /// To its column, which is added when there is none.
+    void Bind(TField& field);
     void BindFields();
     void MakeFields();
     TTableData WithKindsOfFields(TTableData data) const;
@@ -230,8 +232,8 @@ private:
     bool SetCell(const TField& field, TValue value);
 
     // Cursor
-    std::optional<TRow> CurrentRow() const;
-    std::optional<TRow> VisibleRow(std::size_t rowIndex) const;
+    std::optional<TRowNumber> CurrentRow() const;
+    std::optional<TRowNumber> VisibleRow(std::size_t rowIndex) const;
     void StandOn(std::size_t position, TEdge edge);
     void KeepCursorInside();
     void Scrolled();
@@ -241,12 +243,12 @@ private:
     void FillLinkedFields();
     bool StoreRow();
     void DropEdit();
-    void VisitRows(const std::vector<TRow>& rows, const std::function<void()>& action);
+    void VisitRows(const std::vector<TRowNumber>& rows, const std::function<void()>& action);
 
     // View
     /// Follows the master first.
     TRowView& View() const;
-    bool Accepts(TRow row) const;
+    bool Accepts(TRowNumber row) const;
     void Refill();
     void HideRow(std::size_t position);
     void UseKeys(std::vector<TSortKey> keys);
@@ -265,16 +267,16 @@ private:
     void Tell(TNotices notices);
     void TellNow();
 
-    void RowAdded(TRow row) override;
-    void RowChanging(TRow row) override;
-    void RowChanged(TRow row) override;
-    void RowRemoving(TRow row) override;
+    void RowAdded(TRowNumber row) override;
+    void RowChanging(TRowNumber row) override;
+    void RowChanged(TRowNumber row) override;
+    void RowRemoving(TRowNumber row) override;
     void RowsReplaced() override;
 
     std::shared_ptr<TRows> rows_;
     mutable TRowView view_;
     std::optional<std::size_t> changing_; ///< position of the row between RowChanging and RowChanged
-    mutable std::optional<TRow> standing_; ///< row on which the fields stand while the filter looks at it
+    mutable std::optional<TRowNumber> standing_; ///< row on which the fields stand while the filter looks at it
 
     std::vector<TField*> fields_;
     std::unordered_map<std::string, TField*> fieldsByName_;

@@ -10,12 +10,12 @@ std::size_t TDataSet::RecordCount() const { return View().Count() + (state_ == T
 
 std::size_t TDataSet::RecNo() const { return IsEmpty() ? 0 : View().Cursor() + 1; }
 
-std::optional<TRow> TDataSet::CurrentRow() const
+std::optional<TRowNumber> TDataSet::CurrentRow() const
 {
     return state_ == TDataSetState::Insert ? std::nullopt : View().Current();
 }
 
-std::optional<TRow> TDataSet::VisibleRow(std::size_t rowIndex) const
+std::optional<TRowNumber> TDataSet::VisibleRow(std::size_t rowIndex) const
 {
     const TRowView& view = View();
     if (state_ == TDataSetState::Insert) {
@@ -48,14 +48,15 @@ void TDataSet::MoveBy(std::int64_t rows)
     const auto wanted = static_cast<std::int64_t>(View().Cursor()) + rows;
     const auto last = static_cast<std::int64_t>(RecordCount()) - 1;
     const auto edge = wanted < 0 ? TEdge::Bof : wanted > last ? TEdge::Eof : TEdge::None;
-    const std::optional<TRow> target = VisibleRow(static_cast<std::size_t>(std::clamp<std::int64_t>(wanted, 0, last)));
+    const std::optional<TRowNumber> target
+        = VisibleRow(static_cast<std::size_t>(std::clamp<std::int64_t>(wanted, 0, last)));
     CheckBrowse();
     StandOn(target ? View().Seek(*target) : View().Cursor(), edge);
 }
 
 void TDataSet::GoToRow(std::size_t rowIndex)
 {
-    const std::optional<TRow> target = VisibleRow(rowIndex);
+    const std::optional<TRowNumber> target = VisibleRow(rowIndex);
     if (!target || target == CurrentRow())
         return;
     CheckBrowse();
@@ -101,7 +102,7 @@ bool TDataSet::Locate(std::string_view fields, const std::vector<TValue>& values
 
 TBookmark TDataSet::Bookmark() const
 {
-    const std::optional<TRow> row = CurrentRow();
+    const std::optional<TRowNumber> row = CurrentRow();
     return row ? TBookmark{*row, rows_->Generation()} : TBookmark{-1, rows_->Generation()};
 }
 
@@ -110,7 +111,7 @@ bool TDataSet::GoToBookmark(const TBookmark& bookmark)
     CheckBrowse();
     if (bookmark.row < 0 || bookmark.generation != rows_->Generation())
         return false;
-    const auto row = static_cast<TRow>(bookmark.row);
+    const auto row = static_cast<TRowNumber>(bookmark.row);
     if (!rows_->IsAlive(row))
         return false;
     const std::optional<std::size_t> position = View().Find(row);
@@ -124,8 +125,8 @@ void TDataSet::ForEach(const std::function<void()>& action)
 {
     CheckBrowse();
     const auto off = DisableControls();
-    const std::vector<TRow> rows = View().Shown();
-    const std::optional<TRow> current = CurrentRow();
+    const std::vector<TRowNumber> rows = View().Shown();
+    const std::optional<TRowNumber> current = CurrentRow();
     const std::uint64_t generation = rows_->Generation();
     const bool wasBof = bof_;
     const bool wasEof = eof_;
@@ -148,12 +149,12 @@ void TDataSet::ForEach(const std::function<void()>& action)
     goBack();
 }
 
-void TDataSet::VisitRows(const std::vector<TRow>& rows, const std::function<void()>& action)
+void TDataSet::VisitRows(const std::vector<TRowNumber>& rows, const std::function<void()>& action)
 {
     const std::uint64_t generation = rows_->Generation();
     bof_ = false;
     eof_ = false;
-    for (const TRow row : rows) {
+    for (const TRowNumber row : rows) {
         if (generation != rows_->Generation())
             return;
         const std::optional<std::size_t> position = rows_->IsAlive(row) ? View().Find(row) : std::nullopt;
@@ -171,7 +172,7 @@ double TDataSet::Sum(std::string_view field) const
     const TField& summed = FieldByName(field);
     const TColumnData& cells = rows_->Data().Column(summed.column_);
     double sum = 0;
-    for (const TRow row : View().Shown())
+    for (const TRowNumber row : View().Shown())
         sum += cells.Float(row);
     if (IsEditing())
         sum += summed.AsFloat() - summed.OldValue().AsFloat();
@@ -182,7 +183,7 @@ TValue TDataSet::CellValue(std::size_t rowIndex, const TField& field) const
 {
     if (IsEditing() && rowIndex == View().Cursor())
         return Cell(field);
-    const std::optional<TRow> row = VisibleRow(rowIndex);
+    const std::optional<TRowNumber> row = VisibleRow(rowIndex);
     return row ? rows_->Data().Column(field.column_).Value(*row) : TValue();
 }
 

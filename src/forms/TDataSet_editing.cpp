@@ -137,7 +137,7 @@ bool TDataSet::StoreRow()
 {
     const THold hold(*this);
     const TEditEnd editEnd(edit_);
-    const std::optional<TRow> row = CurrentRow();
+    const std::optional<TRowNumber> row = CurrentRow();
     state_ = TDataSetState::Browse;
     if (row) {
         rows_->Change(*row, edit_);
@@ -193,7 +193,7 @@ void TDataSet::Delete()
     EraseRow();
     {
         const THold hold(*this);
-        if (const std::optional<TRow> row = CurrentRow())
+        if (const std::optional<TRowNumber> row = CurrentRow())
             rows_->Remove(*row);
     }
     Tell({.rows = true, .cursor = true});

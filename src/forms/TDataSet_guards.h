@@ -23,7 +23,7 @@ private:
 /// The fields stand on the row while this lives.
 class TDataSet::TStanding {
 public:
-    TStanding(const TDataSet& dataset, TRow row)
+    TStanding(const TDataSet& dataset, TRowNumber row)
         : dataset_(dataset)
     {
         dataset_.standing_ = row;

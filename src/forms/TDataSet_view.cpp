@@ -16,7 +16,7 @@ TRowView& TDataSet::View() const
     return view_;
 }
 
-bool TDataSet::Accepts(TRow row) const
+bool TDataSet::Accepts(TRowNumber row) const
 {
     if (master_) {
         if (!linkTests_)
@@ -32,7 +32,7 @@ bool TDataSet::Accepts(TRow row) const
 
 void TDataSet::Refill()
 {
-    view_.Fill([this](TRow row) { return Accepts(row); });
+    view_.Fill([this](TRowNumber row) { return Accepts(row); });
     KeepCursorInside();
 }
 
@@ -192,7 +192,7 @@ void TDataSet::Relink() const
         return;
     linkTests_ = std::move(tests);
     linkIsUntold_ = true;
-    view_.FillFromStart([this](TRow row) { return Accepts(row); });
+    view_.FillFromStart([this](TRowNumber row) { return Accepts(row); });
 }
 
 void TDataSet::MasterMoved()

@@ -18,18 +18,18 @@ void TRowView::SetKeys(std::vector<TKey> keys)
     settled_ = 0;
 }
 
-void TRowView::Fill(const std::function<bool(TRow)>& accepts)
+void TRowView::Fill(const std::function<bool(TRowNumber)>& accepts)
 {
-    const std::optional<TRow> current = Current();
+    const std::optional<TRowNumber> current = Current();
     FillFromStart(accepts);
     if (current)
         cursor_ = Seek(*current);
 }
 
-void TRowView::FillFromStart(const std::function<bool(TRow)>& accepts)
+void TRowView::FillFromStart(const std::function<bool(TRowNumber)>& accepts)
 {
-    std::vector<TRow> shown;
-    for (TRow row = 0; row < rows_->Bound(); ++row) {
+    std::vector<TRowNumber> shown;
+    for (TRowNumber row = 0; row < rows_->Bound(); ++row) {
         if (rows_->IsAlive(row) && accepts(row))
             shown.push_back(row);
     }
@@ -40,13 +40,13 @@ void TRowView::FillFromStart(const std::function<bool(TRow)>& accepts)
     cursor_ = 0;
 }
 
-TRow TRowView::Row(std::size_t position) const
+TRowNumber TRowView::Row(std::size_t position) const
 {
     Settle();
     return shown_[position];
 }
 
-const std::vector<TRow>& TRowView::Shown() const
+const std::vector<TRowNumber>& TRowView::Shown() const
 {
     Settle();
     return shown_;
@@ -58,22 +58,22 @@ std::size_t TRowView::Cursor() const
     return cursor_;
 }
 
-std::optional<TRow> TRowView::Current() const
+std::optional<TRowNumber> TRowView::Current() const
 {
     if (cursor_ >= shown_.size())
         return std::nullopt;
     return shown_[cursor_];
 }
 
-std::size_t TRowView::Seek(TRow row) const
+std::size_t TRowView::Seek(TRowNumber row) const
 {
     Settle();
-    const auto place
-        = std::ranges::lower_bound(shown_, row, [this](TRow left, TRow right) { return Precedes(left, right); });
+    const auto place = std::ranges::lower_bound(
+        shown_, row, [this](TRowNumber left, TRowNumber right) { return Precedes(left, right); });
     return static_cast<std::size_t>(place - shown_.begin());
 }
 
-std::optional<std::size_t> TRowView::Find(TRow row) const
+std::optional<std::size_t> TRowView::Find(TRowNumber row) const
 {
     const std::size_t position = Seek(row);
     if (position == shown_.size() || shown_[position] != row)
@@ -86,7 +86,7 @@ std::optional<std::size_t> TRowView::FindFirst(const std::vector<TCellTest>& tes
     Settle();
     if (const auto alongKeys = AlongKeys(tests))
         return FindAlongKeys(*alongKeys);
-    const auto found = std::ranges::find_if(shown_, [&](TRow row) {
+    const auto found = std::ranges::find_if(shown_, [&](TRowNumber row) {
         return std::ranges::all_of(tests, [&](const TCellTest& test) { return test.Holds(rows_->Data(), row); });
     });
     if (found == shown_.end())
@@ -110,7 +110,7 @@ std::optional<std::vector<TCellTest>> TRowView::AlongKeys(const std::vector<TCel
 
 std::optional<std::size_t> TRowView::FindAlongKeys(const std::vector<TCellTest>& tests) const
 {
-    const auto compare = [&](TRow row) {
+    const auto compare = [&](TRowNumber row) {
         for (std::size_t key = 0; key < tests.size(); ++key) {
             const int order = tests[key].Compare(rows_->Data(), row);
             if (order != 0)
@@ -118,13 +118,13 @@ std::optional<std::size_t> TRowView::FindAlongKeys(const std::vector<TCellTest>&
         }
         return 0;
     };
-    const auto place = std::ranges::partition_point(shown_, [&](TRow row) { return compare(row) < 0; });
+    const auto place = std::ranges::partition_point(shown_, [&](TRowNumber row) { return compare(row) < 0; });
     if (place == shown_.end() || compare(*place) != 0)
         return std::nullopt;
     return static_cast<std::size_t>(place - shown_.begin());
 }
 
-void TRowView::Add(TRow row)
+void TRowView::Add(TRowNumber row)
 {
     const bool isLast = settled_ == shown_.size() && (shown_.empty() || Precedes(shown_.back(), row));
     shown_.push_back(row);
@@ -146,7 +146,7 @@ void TRowView::Replace(std::size_t position)
     if (StandsRight(position))
         return;
     const bool isCurrent = position == cursor_;
-    const TRow row = shown_[position];
+    const TRowNumber row = shown_[position];
     shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(position));
     settled_ = shown_.size();
     if (position < cursor_)
@@ -162,7 +162,7 @@ bool TRowView::StandsRight(std::size_t position) const
         && (position + 1 == shown_.size() || Precedes(shown_[position], shown_[position + 1]));
 }
 
-bool TRowView::Precedes(TRow left, TRow right) const
+bool TRowView::Precedes(TRowNumber left, TRowNumber right) const
 {
     for (const TKey& key : keys_) {
         const int order = rows_->Data().Column(key.column).Compare(left, right);
@@ -176,8 +176,8 @@ void TRowView::Settle() const
 {
     if (settled_ == shown_.size())
         return;
-    const std::optional<TRow> current = Current();
-    const auto precedes = [this](TRow left, TRow right) { return Precedes(left, right); };
+    const std::optional<TRowNumber> current = Current();
+    const auto precedes = [this](TRowNumber left, TRowNumber right) { return Precedes(left, right); };
     const auto waiting = shown_.begin() + static_cast<std::ptrdiff_t>(settled_);
     if (shown_.size() - settled_ <= FewRows) {
         for (auto row = waiting; row != shown_.end(); ++row)

@@ -8,23 +8,23 @@
 
 namespace alinhavo {
 
-TRow TRows::Append(const TRowEdit& cells)
+TRowNumber TRows::Append(const TRowEdit& cells)
 {
     if (alive_ == 0)
         StartAfresh();
     return Store(cells, NewLastPlace());
 }
 
-TRow TRows::Insert(const TRowEdit& cells, std::optional<TRow> previous, TRow next)
+TRowNumber TRows::Insert(const TRowEdit& cells, std::optional<TRowNumber> previous, TRowNumber next)
 {
     const TPlace place = PlaceBetween(previous, next);
     numbersAreInOrder_ = false;
     return Store(cells, place);
 }
 
-TRow TRows::Store(const TRowEdit& cells, TPlace place)
+TRowNumber TRows::Store(const TRowEdit& cells, TPlace place)
 {
-    const TRow row = static_cast<TRow>(data_.AppendRow());
+    const TRowNumber row = static_cast<TRowNumber>(data_.AppendRow());
     places_.push_back(place);
     ++alive_;
     Write(row, cells);
@@ -33,13 +33,13 @@ TRow TRows::Store(const TRowEdit& cells, TPlace place)
     return row;
 }
 
-void TRows::Write(TRow row, const TRowEdit& cells)
+void TRows::Write(TRowNumber row, const TRowEdit& cells)
 {
     for (const std::size_t column : cells.Columns())
         data_.Column(column).Set(row, *cells.Find(column));
 }
 
-void TRows::Change(TRow row, const TRowEdit& cells)
+void TRows::Change(TRowNumber row, const TRowEdit& cells)
 {
     for (IRowsObserver* observer : observers_)
         observer->RowChanging(row);
@@ -48,7 +48,7 @@ void TRows::Change(TRow row, const TRowEdit& cells)
         observer->RowChanged(row);
 }
 
-void TRows::Remove(TRow row)
+void TRows::Remove(TRowNumber row)
 {
     for (IRowsObserver* observer : observers_)
         observer->RowRemoving(row);
@@ -70,7 +70,7 @@ void TRows::Append(const TTableData& block)
     alive_ += count;
     for (IRowsObserver* observer : observers_) {
         for (std::size_t row = first; row < first + count; ++row)
-            observer->RowAdded(static_cast<TRow>(row));
+            observer->RowAdded(static_cast<TRowNumber>(row));
     }
 }
 
@@ -106,7 +106,7 @@ void TRows::PlaceAll()
     numbersAreInOrder_ = true;
 }
 
-TRows::TPlace TRows::PlaceBetween(std::optional<TRow> previous, TRow next)
+TRows::TPlace TRows::PlaceBetween(std::optional<TRowNumber> previous, TRowNumber next)
 {
     const auto middle = [&] { return std::midpoint(previous ? places_[*previous] : Gone, places_[next]); };
     const TPlace lowest = previous ? places_[*previous] : Gone;
@@ -117,11 +117,11 @@ TRows::TPlace TRows::PlaceBetween(std::optional<TRow> previous, TRow next)
 
 void TRows::SpreadPlaces()
 {
-    std::vector<TRow> rows(places_.size());
-    std::iota(rows.begin(), rows.end(), TRow(0));
-    std::ranges::sort(rows, [this](TRow left, TRow right) { return ArrivedBefore(left, right); });
+    std::vector<TRowNumber> rows(places_.size());
+    std::iota(rows.begin(), rows.end(), TRowNumber(0));
+    std::ranges::sort(rows, [this](TRowNumber left, TRowNumber right) { return ArrivedBefore(left, right); });
     lastPlace_ = 0;
-    for (const TRow row : rows) {
+    for (const TRowNumber row : rows) {
         if (IsAlive(row))
             places_[row] = NewLastPlace();
     }

@@ -13,16 +13,16 @@ class TRowEdit;
 
 /// The number of a row in a TRows; it stays the row's own while the row lives and is not given to another one before the
 /// data is replaced.
-using TRow = std::uint32_t;
+using TRowNumber = std::uint32_t;
 
 /// What a dataset that shows rows hears of them, whoever of those sharing them changed them.
 class IRowsObserver {
 public:
     virtual ~IRowsObserver() = default;
-    virtual void RowAdded(TRow row) = 0;
-    virtual void RowChanging(TRow row) = 0; ///< still with its old values
-    virtual void RowChanged(TRow row) = 0;
-    virtual void RowRemoving(TRow row) = 0;
+    virtual void RowAdded(TRowNumber row) = 0;
+    virtual void RowChanging(TRowNumber row) = 0; ///< still with its old values
+    virtual void RowChanged(TRowNumber row) = 0;
+    virtual void RowRemoving(TRowNumber row) = 0;
     virtual void RowsReplaced() = 0; ///< rows and columns are others
 };
 
@@ -38,10 +38,9 @@ public:
     /// Changes with every replacement; rows of an earlier generation are gone.
     std::uint64_t Generation() const { return generation_; }
     /// Numbers handed out so far: the bound of a loop over all rows.
-    TRow Bound() const { return static_cast<TRow>(places_.size()); }
-    bool IsAlive(TRow row) const { return row < places_.size() && places_[row] != Gone; }
-    std::size_t Count() const { return alive_; }
-    bool ArrivedBefore(TRow left, TRow right) const
+    TRowNumber Bound() const { return static_cast<TRowNumber>(places_.size()); }
+    bool IsAlive(TRowNumber row) const { return row < places_.size() && places_[row] != Gone; }
+    bool ArrivedBefore(TRowNumber left, TRowNumber right) const
     {
         return places_[left] != places_[right] ? places_[left] < places_[right] : left < right;
     }
@@ -53,11 +52,11 @@ public:
     {
         return data_.AddColumn(name, kind, size);
     }
-    TRow Append(const TRowEdit& cells);
+    TRowNumber Append(const TRowEdit& cells);
     /// In front of `next`, behind `previous` where there is one.
-    TRow Insert(const TRowEdit& cells, std::optional<TRow> previous, TRow next);
-    void Change(TRow row, const TRowEdit& cells);
-    void Remove(TRow row);
+    TRowNumber Insert(const TRowEdit& cells, std::optional<TRowNumber> previous, TRowNumber next);
+    void Change(TRowNumber row, const TRowEdit& cells);
+    void Remove(TRowNumber row);
     /// Rows of a table with the same columns, behind those present.
     void Append(const TTableData& block);
     void Replace(TTableData data);
@@ -73,10 +72,10 @@ private:
     static constexpr TPlace Gone = 0;
     static constexpr TPlace Step = TPlace(1) << 32;
 
-    TRow Store(const TRowEdit& cells, TPlace place);
-    void Write(TRow row, const TRowEdit& cells);
+    TRowNumber Store(const TRowEdit& cells, TPlace place);
+    void Write(TRowNumber row, const TRowEdit& cells);
     TPlace NewLastPlace() { return lastPlace_ += Step; }
-    TPlace PlaceBetween(std::optional<TRow> previous, TRow next);
+    TPlace PlaceBetween(std::optional<TRowNumber> previous, TRowNumber next);
     void SpreadPlaces();
     /// Without the rows that were removed.
     void StartAfresh();

@@ -3,7 +3,6 @@
 #include "forms/TValue.h"
 #include "host/TStatement.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +25,30 @@ enum class TTipo { Estampa = 2, Medidas = 6, Produto = 7, Produto2 = 10 };
 enum class TDireito : char { Altera = 'A', Exclui = 'E', Consulta = 'C' };
 enum class TNivel : char { Usuario = '0', Supervisor = '1' };
 
+/// Which rows of an order's technical sheet are wanted; an empty text does not restrict.
+struct TFiltroPCPFTOF {
+    std::string_view numero;
+    std::string_view setor = {};
+    std::string_view parte = {};
+    std::string_view grupo = {}; ///< a group of materials
+};
+
+/// The columns of a dataset that an inventory line is made of; an empty name leaves that part of the line empty.
+struct TColunasInventario {
+    std::string_view produto;
+    std::string_view cor;
+    std::string_view tam;
+    std::string_view numero;
+    std::string_view lote;
+    std::string_view descricao;
+    std::string_view unidade;
+    std::string_view codcli;
+    std::string_view quantidade;
+    std::string_view preco;
+    std::string_view posse;
+    std::string_view parte;
+};
+
 /// The host's library of shared functions. Database errors surface as EDatabaseError; a refusal is a result.
 ///
 /// Keys and values are texts as the screens compose them: values already quoted by `Aspas`, or bare numbers, separated by
@@ -42,7 +65,8 @@ public:
         return ExisteLinha(table, columns, Join(',', values...));
     }
     /// `column` of the first row whose semicolon-separated `keyColumns` equal the values; null when there is none.
-    TValue Busca_Valor(std::string_view table, std::string_view keyColumns, std::string_view column, const auto&... values)
+    TValue Busca_Valor(
+        std::string_view table, std::string_view keyColumns, std::string_view column, const auto&... values)
     {
         return BuscaColuna(table, keyColumns, column, Join(';', values...));
     }
@@ -62,49 +86,53 @@ public:
     virtual void GravaAjuste(std::string_view section, std::string_view key, std::string_view value) = 0;
     /// Full path of the file attached to a code; "" when there is none.
     virtual std::string BuscaArquivo(std::string_view code, TTipo kind) = 0;
+    /// The folder in which picking files begins.
     virtual std::string PastaPadrao() = 0;
 
     // Users, rights, audit
-    virtual std::string vUsuario() const = 0;       ///< name
+    virtual std::string vUsuario() const = 0; ///< name
     virtual std::string vUsuarioCodigo() const = 0; ///< code
     /// True when the user may go on; when false the user has been told already. Level Supervisor asks for a
     /// supervisor's name and password on top of `screen`.
     virtual bool Acessa(TForm& screen, std::string_view screenClass, TDireito right, TNivel level) = 0;
     /// One audit line with user and hour, in the shared transaction.
-    virtual void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key) = 0;
-    /// Opens the audit log filtered on module and key.
+    virtual void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key)
+        = 0;
+    /// Runs the log viewer on the lines of module and key, an empty one not restricting.
     virtual void AcessaLog(TForm& screen, std::string_view module, std::string_view key) = 0;
 
     // Production
     /// The date foreseen for the return of the order's part from the sector: its lead time (PCP_MOV.DIAS of the plan
     /// when there is one, else CADFLUXO.DIAS) counted in the sector's working days. A blank date stays blank.
-    virtual TDateTime CalculaPrevRetorno(TDateTime date, std::string_view setor, std::string_view parte,
-        std::string_view numero) = 0;
-    /// Unit price of a pending quantity; 0 when no table has one.
-    virtual double GeraPreco(std::string_view numero, std::string_view codigo, std::string_view op, std::string_view parte,
-        std::string_view codcli, std::string_view cor, std::string_view tam, double quantidade) = 0;
+    virtual TDateTime CalculaPrevRetorno(
+        TDateTime date, std::string_view setor, std::string_view parte, std::string_view numero)
+        = 0;
+    /// Unit price of a pending quantity, to three decimals: the first price above zero in the table of the order's type,
+    /// of the order, of the subcontractor, the default one; 0 when none has it. Prices of a colour and size count when
+    /// they are kept so (FAC270).
+    virtual double GeraPreco(std::string_view numero, std::string_view codigo, std::string_view op,
+        std::string_view parte, std::string_view codcli, std::string_view cor, std::string_view tam, double quantidade)
+        = 0;
     /// True when the subcontractor holds, at that date, every certificate that the product demands; otherwise `mensagem`
     /// lists what is missing, one per line.
-    virtual bool ValidaCertificados(std::string_view produto, std::string_view faccao, TDateTime date,
-        std::string& mensagem, std::string_view tipo) = 0;
-    /// Fills the query with the technical sheet of an order (PCPFTOF): arguments 1 to 9, of which the first is "O", the
-    /// second the order, the third the sector, the eighth a material group; empty ones do not restrict.
-    virtual void CarregaPCPFTOF(const std::array<std::string, 9>& arguments, TOrvQuery& query) = 0;
-    /// Turns the dataset's rows into inventory lines. `columns` names its columns for product, colour, size, order,
-    /// (empty), description, unit, client, quantity, price, possession; `partColumn` that of the part.
-    virtual void GeraInventario(const std::array<std::string, 11>& columns, TDataSet& rows, std::string_view partColumn) = 0;
-
-    // Accounting
-    /// True when the date lies in a closed period of the group; "IV" is the inventory.
-    virtual bool PeriodoConciliado(std::string_view group, TDateTime date) = 0;
-    /// Writes the cost-class split of a payable.
-    virtual void SetRateioClasse(std::string_view numero, std::string_view os, std::string_view tipo, double valor,
-        std::string_view classe, int sequencia, TDateTime data, double indice) = 0;
+    virtual bool ValidaCertificados(
+        std::string_view produto, std::string_view faccao, TDateTime date, std::string& mensagem, std::string_view tipo)
+        = 0;
+    /// Opens the query on the technical sheet of an order (PCPFTOF), one row per input, colour and size of the piece:
+    /// TIPO, INSUMO, DESCRICAO, UNIDADE, GRUPO, COR, TAM, PARTE, SETOR, COR_I, DESCCOR_I, SITUACAO, FAIXA, CONSUMO,
+    /// CONSUMO_TOTAL (of the whole order), QTDE_BAI and QTDE_BAI_PROD (taken out of stock for the order, as material and
+    /// as product), QTDE_BAI_SUBS and QTDE_BAI_SUBS_PROD (the same of the input that this one replaces), QTDE_EST and
+    /// QTDE_EST_PROD (in stock).
+    virtual void CarregaPCPFTOF(const TFiltroPCPFTOF& filtro, TOrvQuery& query) = 0;
+    /// Turns the dataset's visible rows into inventory lines of today and commits them. Lines of today for the same
+    /// product, colour, size, order, part and client are replaced.
+    virtual void GeraInventario(const TColunasInventario& colunas, TDataSet& rows) = 0;
 
 protected:
     virtual bool ExisteLinha(std::string_view table, std::string_view columns, std::string_view values) = 0;
-    virtual TValue BuscaColuna(std::string_view table, std::string_view keyColumns, std::string_view column,
-        std::string_view values) = 0;
+    virtual TValue BuscaColuna(
+        std::string_view table, std::string_view keyColumns, std::string_view column, std::string_view values)
+        = 0;
 
 private:
     static std::string Join(char separator, const auto&... values)

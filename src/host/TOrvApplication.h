@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/TApplication.h"
+#include "host/TContabil.h"
 #include "host/TEstoque.h"
 #include "host/TFuncoes.h"
 #include "host/TMDados.h"
@@ -16,6 +17,7 @@ struct THostServices {
     TOrvDatabase& database;
     TTabela& tabela;
     TFuncoes& funcoes;
+    TContabil& contabil;
     IStock& stock;
     IReports& reports;
     TOrvEmail& email;
@@ -23,7 +25,7 @@ struct THostServices {
     TMDados& mdados;
 };
 
-/// A user's application within the host.
+/// A user's application within the host. The host's own screens are registered with it.
 class TOrvApplication : public TApplication {
 public:
     TOrvApplication(IEventSource& source, THostServices services, IView* view = nullptr);

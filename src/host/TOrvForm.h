@@ -10,6 +10,8 @@
 
 namespace alinhavo {
 
+class TEdit;
+
 /// A screen of the module: a form with the host's services at hand.
 class TOrvForm : public TForm {
 public:
@@ -17,6 +19,7 @@ public:
 
     TOrvApplication& App() const { return app_; }
     TFuncoes& Funcoes() const { return app_.Host.funcoes; }
+    TContabil& Contabil() const { return app_.Host.contabil; }
     TTabela& Tabela() const { return app_.Host.tabela; }
     TOrvDatabase& Database() const { return app_.Host.database; }
 
@@ -30,7 +33,10 @@ public:
         return Funcoes().Busca_Valor(table, keys, column, values...);
     }
     std::string BuscaParametro(std::string_view group, int number) { return Funcoes().BuscaParametro(group, number); }
-    bool Acessa(TDireito right, TNivel level = TNivel::Usuario) { return Funcoes().Acessa(*this, ClassName(), right, level); }
+    bool Acessa(TDireito right, TNivel level = TNivel::Usuario)
+    {
+        return Funcoes().Acessa(*this, ClassName(), right, level);
+    }
     void GeraLog(std::string_view module, std::string_view text, TOperacaoLog operation, std::string_view key)
     {
         Funcoes().GeraLog(module, text, operation, key);
@@ -71,7 +77,7 @@ public:
     [[nodiscard]] TOcupado Ocupado() { return TOcupado(app_); }
 
     /// Asks whether to clear a filter field, and clears it on yes.
-    void ConfirmaLimparCampo(std::string_view label, class TEdit& edit);
+    void ConfirmaLimparCampo(std::string_view label, TEdit& edit);
 
     /// Loads a screen by class name. Modal: runs it and returns when it is closed and gone; true when it reported success
     /// by setting this screen's ModalResult to Ok. Not modal: it is made and stays. When no such screen is registered the
@@ -81,6 +87,8 @@ public:
     bool TelaCarregada(std::string_view screenClass) const;
 
 private:
+    bool Instalada(std::string_view screenClass); ///< false when the user was told that it is not
+
     TOrvApplication& app_;
 };
 

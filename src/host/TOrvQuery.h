@@ -13,11 +13,14 @@ class TOrvQuery : public TDataSet {
 public:
     explicit TOrvQuery(TOrvDatabase& database, std::string name = {});
     TOrvQuery(TComponent& owner, std::string name, TOrvDatabase& database);
+    /// Opened at once.
+    TOrvQuery(TOrvDatabase& database, const TStatement& statement);
 
     /// Cleared and filled before Open or ExecSQL.
     TStatement SQL;
 
-    /// Fetches the whole result; the cursor stands on its first row. EDatabaseError leaves the query closed.
+    /// Fetches the whole result; the cursor stands on its first row. Fields of an earlier result that the new one lacks
+    /// are gone. EDatabaseError leaves the query closed.
     void Open();
     /// Fetches it anew, keeping the order and, where its row is still there at the same place, the cursor.
     void Reopen();

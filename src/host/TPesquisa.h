@@ -2,7 +2,7 @@
 
 #include "forms/TComponent.h"
 #include "forms/TEvent.h"
-#include "host/TOrvQuery.h"
+#include "forms/TValue.h"
 #include "host/TStatement.h"
 
 #include <string>
@@ -12,37 +12,49 @@
 namespace alinhavo {
 
 class TOrvForm;
+class TOrvQuery;
 class TOrvTable;
+struct TTableDecl;
 
 struct TPesquisaOptions {
-    std::string_view BuscaTabela = {};  ///< table to search ("CADFLUXO")
-    std::string_view BuscaCampo = {};   ///< key column ("CODIGO")
-    int BuscaTipo = 1;
+    std::string_view BuscaTabela = {}; ///< table to search ("CADFLUXO")
+    std::string_view BuscaCampo = {}; ///< key column ("CODIGO"): shown, searched and ordered by
     bool MultiSelecao = false;
-    int LarguraTela = 0;
-    std::string_view caption = {};      ///< of the dialog; empty: the table's caption
+    std::string_view caption = {}; ///< of the dialog; empty: the table's caption
 };
 
-/// A lookup dialog over a table, a shared dataset or a SELECT of its own, with search as one types.
+/// A lookup dialog over a table, a shared dataset or a SELECT of its own. What the user types is looked for, without
+/// regard to case, anywhere in the codes and descriptions shown; the first 300 rows found are offered, in key order.
 class TPesquisa : public TComponent {
 public:
     TPesquisa(TOrvForm& owner, std::string name, TPesquisaOptions options = {});
 
     TPesquisaOptions Options;
     TOrvTable* BuscaTable = nullptr; ///< searched instead of a table when set; its cursor is placed on the row picked
-    TStatement Filtro;               ///< added as a condition; a screen may rewrite it before opening
-    TStatement Select;               ///< a SELECT of its own, instead of the table
+    TStatement Filtro; ///< added as a condition; a screen may rewrite it before opening
+    TStatement Select; ///< a SELECT of its own, instead of a table; no two of its columns have one name
 
-    /// Fired once for each row picked; none when the user cancels.
+    /// Fired once for each row picked; not at all when the user cancels.
     TEvent<> OnFechaPesquisa;
 
     void AbrePesquisa();
-    /// A column of the row picked; only inside OnFechaPesquisa. Null for an unknown column.
+    /// A column of the row picked, only inside OnFechaPesquisa; null for an unknown column.
     TValue RetornoPesquisa(std::string_view column) const;
 
 private:
+    class TRun;
+
+    const TTableDecl& Table() const;
+    std::string Title() const;
+    TStatement RowsWith(std::string_view text) const;
+    TStatement Matching(std::string_view text) const;
+    void Search(std::string_view text);
+    void ShowColumns();
+    void PlaceShared();
+
     TOrvForm& form_;
-    TOrvQuery* rows_ = nullptr;
+    TOrvQuery* rows_ = nullptr; ///< of the run that is under way
+    std::vector<std::string> searched_;
 };
 
 } // namespace alinhavo

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "host/TOrvQuery.h"
 #include "host/TOrvTable.h"
 
+#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -11,7 +12,8 @@ namespace alinhavo {
 /// The data module shared by all screens of a user: the connection, the one transaction and the shared datasets.
 class TTabela : public TComponent {
 public:
-    explicit TTabela(TOrvDatabase& database);
+    /// `company` is the key of the current company in EMPRESA.
+    TTabela(TOrvDatabase& database, std::string company);
     ~TTabela() override;
 
     TOrvDatabase& IBDatabase;
@@ -20,13 +22,13 @@ public:
     /// is a std::logic_error.
     void AbreTabela(std::string_view name);
     void FechaTabela(std::string_view name);
-    /// The shared dataset itself.
+    /// The shared dataset itself, open or not; the same object for the user's whole session.
     TOrvTable& Tabela(std::string_view name);
 
     /// The current company; always open.
-    TOrvTable& tbEmpresa();
-    std::string EMP_PAT();
-    /// The two percentages of labour that the cost of a product entering stock leaves out.
+    TOrvTable& tbEmpresa() { return *company_; }
+    const std::string& EMP_PAT() const { return emp_pat_; }
+    /// The two percentages of labour that the cost of a product entering stock leaves out; 0 when not set.
     double PercentualMaoDeObra1();
     double PercentualMaoDeObra2();
 
@@ -34,8 +36,9 @@ public:
     void RollbackRetaining() { IBDatabase.RollbackRetaining(); }
 
 private:
-    struct TShared;
-    std::unique_ptr<TShared> shared_;
+    std::string emp_pat_;
+    std::unique_ptr<TOrvTable> company_;
+    std::map<std::string_view, std::unique_ptr<TOrvTable>> shared_; ///< made when first asked for
 };
 
 } // namespace alinhavo

@@ -1,0 +1,204 @@
+#include "host/TPesquisa.h"
+
+#include "forms/text.h"
+#include "host/TOrvForm.h"
+#include "host/TOrvTable.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace alinhavo {
+namespace {
+
+constexpr std::size_t shownColumns = 6;
+constexpr int widestShown = 120;
+constexpr std::size_t longestSearch = 60;
+
+bool Suits(const TColumnDecl& column)
+{
+    return !column.caption.empty() && (column.kind != TColumnKind::Text || column.width <= widestShown);
+}
+
+/// The key and the first columns that fit a list: a table declares what matters most first.
+std::vector<const TColumnDecl*> ShownColumns(const TTableDecl& table, std::string_view key)
+{
+    std::vector<const TColumnDecl*> shown;
+    if (const auto* keyColumn = FindColumn(table, key))
+        shown.push_back(keyColumn);
+    for (const auto& column : table.columns) {
+        if (shown.size() < shownColumns && Suits(column) && std::ranges::find(shown, &column) == shown.end())
+            shown.push_back(&column);
+    }
+    return shown;
+}
+
+/// Codes and descriptions are searched; flags would match nearly everything.
+bool Searchable(const TColumnDecl& column) { return column.kind == TColumnKind::Text && column.width > 1; }
+
+/// The text anywhere in a column, its own wildcards taken as they stand.
+std::string Pattern(std::string_view text)
+{
+    auto pattern = UpperCase(Left(text, longestSearch));
+    for (const auto* special : {"!", "%", "_"})
+        pattern = Replace(pattern, special, std::string("!") + special);
+    return "%" + pattern + "%";
+}
+
+void AddCondition(TStatement& sql, bool& first, const TStatement& condition)
+{
+    if (condition.IsEmpty())
+        return;
+    sql.Add(first ? TFragment(" WHERE ") : TFragment(" AND ")).Add(condition);
+    first = false;
+}
+
+TStatement InParentheses(const TStatement& condition)
+{
+    return condition.IsEmpty() ? TStatement() : TStatement("(").Add(condition).Add(")");
+}
+
+} // namespace
+
+/// The rows of a run are the lookup's until the run ends; a run within a handler of another gives them back to it.
+class TPesquisa::TRun {
+public:
+    TRun(TPesquisa& lookup, TOrvQuery& rows)
+        : lookup_(lookup)
+        , outer_(std::exchange(lookup.rows_, &rows))
+    {
+    }
+    ~TRun() { lookup_.rows_ = outer_; }
+    TRun(const TRun&) = delete;
+    TRun& operator=(const TRun&) = delete;
+
+private:
+    TPesquisa& lookup_;
+    TOrvQuery* outer_;
+};
+
+TPesquisa::TPesquisa(TOrvForm& owner, std::string name, TPesquisaOptions options)
+    : TComponent(owner, std::move(name))
+    , Options(options)
+    , form_(owner)
+{
+}
+
+void TPesquisa::AbrePesquisa()
+{
+    TOrvQuery rows(form_.Database());
+    const TRun run(*this, rows);
+    Search("");
+    ShowColumns();
+
+    TDialog dialog;
+    dialog.kind = TDialog::TKind::Lookup;
+    dialog.title = Title();
+    dialog.rows = &rows;
+    dialog.multiple = Options.MultiSelecao;
+    dialog.OnSearch.connect(this, &TPesquisa::Search);
+    if (form_.Application().ShowDialog(dialog) != TModalResult::Ok)
+        return;
+
+    for (const auto row : dialog.picked) {
+        rows.GoToRow(static_cast<std::size_t>(row));
+        PlaceShared();
+        OnFechaPesquisa();
+    }
+}
+
+TValue TPesquisa::RetornoPesquisa(std::string_view column) const
+{
+    const auto* field = rows_ ? rows_->FindField(column) : nullptr;
+    return field ? field->Value() : TValue();
+}
+
+const TTableDecl& TPesquisa::Table() const
+{
+    if (BuscaTable)
+        return BuscaTable->Table();
+    if (const auto* table = FindTable(Options.BuscaTabela))
+        return *table;
+    throw std::logic_error("the lookup " + Name() + " has nothing to search");
+}
+
+std::string TPesquisa::Title() const
+{
+    if (!Options.caption.empty())
+        return std::string(Options.caption);
+    return Select.IsEmpty() ? std::string(Table().caption) : form_.Caption();
+}
+
+TStatement TPesquisa::RowsWith(std::string_view text) const
+{
+    TStatement sql("SELECT * FROM ");
+    if (Select.IsEmpty())
+        sql.Add("{?}", TName(Table().name));
+    else
+        sql.Add("(").Add(Select).Add(") PESQUISA");
+
+    bool first = true;
+    AddCondition(sql, first, InParentheses(Filtro));
+    AddCondition(sql, first, InParentheses(Matching(text)));
+    if (!Options.BuscaCampo.empty())
+        sql.Add(" ORDER BY ?", TName(Options.BuscaCampo));
+    return sql.Add(" FETCH FIRST 300 ROWS ONLY");
+}
+
+/// Empty when everything matches.
+TStatement TPesquisa::Matching(std::string_view text) const
+{
+    TStatement any;
+    if (text.empty())
+        return any;
+    const auto pattern = Pattern(text);
+    for (const auto& column : searched_)
+        any.Add(any.IsEmpty() ? TFragment("") : TFragment(" OR "))
+            // The cast frees the pattern from the width of the column, to which a server would else hold it.
+            .Add("UPPER(?) LIKE CAST(? AS VARCHAR(200)) ESCAPE '!'", TName(column), pattern);
+    return any;
+}
+
+void TPesquisa::Search(std::string_view text)
+{
+    rows_->SQL = RowsWith(text);
+    rows_->Open();
+}
+
+/// The columns that the dialog shows, and with them those that are searched.
+void TPesquisa::ShowColumns()
+{
+    searched_.clear();
+    if (!Select.IsEmpty()) {
+        for (const auto* field : rows_->Fields()) {
+            if (field->Kind() == TFieldKind::Text)
+                searched_.push_back(field->Name());
+        }
+        return;
+    }
+    const auto shown = ShownColumns(Table(), Options.BuscaCampo);
+    for (auto* field : rows_->Fields())
+        field->options.visible = false;
+    for (const auto* column : shown) {
+        auto& field = rows_->FieldByName(column->name);
+        field.options.visible = true;
+        field.options.title = column->caption;
+        if (Searchable(*column))
+            searched_.emplace_back(column->name);
+    }
+}
+
+/// The shared dataset stands on the row picked when the event is fired.
+void TPesquisa::PlaceShared()
+{
+    if (!BuscaTable)
+        return;
+    std::string columns;
+    std::vector<TValue> values;
+    for (const auto column : ColumnNames(Table().key)) {
+        columns.append(columns.empty() ? "" : ";").append(column);
+        values.push_back(rows_->FieldByName(column).Value());
+    }
+    BuscaTable->LocateKey(columns, values);
+}
+
+} // namespace alinhavo

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/database/TSqlDatabase.h"
+
+namespace alinhavo {
+
+/// What this program's declarations amount to.
+constexpr int CurrentSchemaVersion = 1;
+
+/// The version stored in the database for its company; 0 when the company has no tables.
+int SchemaVersion(TSqlDatabase& database);
+
+/// Brings the database to this program's version for the connection's company: creates the tables, columns and indexes that are
+/// declared and missing, the global tables included, and runs the numbered steps that it has not seen. Nothing is pending
+/// before or after. A database that is newer than this program is refused (EDatabaseError, Other). Nobody else may be at work
+/// in it.
+void MigrateSchema(TSqlDatabase& database);
+
+} // namespace alinhavo
