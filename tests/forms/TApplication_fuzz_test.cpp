@@ -44,7 +44,7 @@ public:
         event.index = static_cast<int>(random_() % 5) - 1;
         event.flag = random_() % 2 == 0;
         event.answer = static_cast<TModalResult>(random_() % 6);
-        for (unsigned i = random_() % 3; i > 0; --i)
+        for (auto i = random_() % 3; i > 0; --i)
             event.rows.push_back(static_cast<std::int64_t>(random_() % 5) - 1);
         return event;
     }
