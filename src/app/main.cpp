@@ -1,4 +1,5 @@
 #include "app/command_demo.h"
+#include "app/command_verifica.h"
 
 #include <CLI/CLI.hpp>
 
@@ -32,6 +33,12 @@ int main(int argc, char** argv)
     demoCommand.add_option("--semente", demo.seed, "Número que decide o que é sorteado.")->capture_default_str();
     AddDay(demoCommand, "--hoje", demo.today, "Dia de que as datas são contadas, DD/MM/AAAA.");
 
+    TVerificaOptions verifica;
+    CLI::App& verificaCommand
+        = *app.add_subcommand("verifica", "Confere as tabelas entre si e mostra o que não combina.");
+    verificaCommand.add_option("--banco", verifica.database, "Arquivo Firebird ou endereço do banco.")->required();
+    verificaCommand.add_option("--empresa", verifica.company, "Código da empresa.")->capture_default_str();
+
     CLI11_PARSE(app, argc, argv);
-    return RunDemo(demo);
+    return verificaCommand.parsed() ? RunVerifica(verifica) : RunDemo(demo);
 }
