@@ -55,20 +55,24 @@ std::string TScriptedUser::WriteBehind(const std::string& control, std::string b
     for (std::size_t i = 1; i <= Length(text); ++i) {
         const auto character = Copy(text, i, 1);
         auto refusal = Press(control, character);
-        if (!refusal.empty() || application_->KeySwallowed())
-            return refusal;
-        before += character;
-        refusal = Do({.kind = Text, .control = control, .text = before});
+        if (refusal.empty() && !application_->KeySwallowed())
+            refusal = Do({.kind = Text, .control = control, .text = before + character});
         if (!refusal.empty())
             return refusal;
+        before = Shown(control);
     }
     return {};
 }
 
-std::string TScriptedUser::Write(std::string control, std::string_view text)
+std::string TScriptedUser::Shown(const std::string& control) const
 {
     const auto* edit = dynamic_cast<TTextControl*>(application_->ActiveForm()->FindComponent(control));
-    return WriteBehind(control, edit ? edit->text() : std::string(), text);
+    return edit ? edit->text() : std::string();
+}
+
+std::string TScriptedUser::Write(std::string control, std::string_view text)
+{
+    return WriteBehind(control, Shown(control), text);
 }
 
 std::string TScriptedUser::Type(std::string control, std::string_view text)

@@ -69,6 +69,7 @@ public:
     void BusyChanged(bool busy) override { Busy = busy; }
 
 private:
+    std::string Shown(const std::string& control) const;
     std::string WriteBehind(const std::string& control, std::string before, std::string_view text);
 
     TApplication* application_ = nullptr;
