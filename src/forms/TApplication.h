@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/ETerminated.h"
 #include "forms/IView.h"
 #include "forms/TDateTime.h"
 #include "forms/TForm.h"
@@ -82,23 +83,29 @@ private:
 
     std::string Perform(const TUserEvent& event);
     std::string PerformOnForm(const TUserEvent& event);
-    std::string PerformOnControl(TForm& form, const TUserEvent& event);
-    std::string PerformMenuItem(TControl& control, const TUserEvent& event);
+    std::string PerformOnControl(TForm& form, TControl* control, const TUserEvent& event);
     std::string PerformAnswer(const TUserEvent& event);
     std::string PerformSearch(const TUserEvent& event);
     std::string PerformOpen(const TUserEvent& event);
     std::string PerformActivate(const TUserEvent& event);
     std::string PerformClose(const TUserEvent& event);
-    std::string PerformKey(TForm& form, TControl* control, const TUserEvent& event);
-    std::string PerformFocus(TControl& control);
+    std::string PerformKey(TForm& form, const TUserEvent& event);
+    void SettleFocus();
+    void ControlChanged(TControl& control);
+    void FocusChanged(TForm& form);
+    void FormShown(TForm& form);
+    void FormHidden(TForm& form);
     void HandleNext();
     TModalResult RunModal(TForm& form);
+    void EndModal(TForm& form);
     TForm* TopModalForm() const;
+    TForm* FindForm(const std::function<bool(const TForm&)>& matches) const;
     TForm* FindOpenForm(std::string_view name) const;
     void BringToFront(TForm& form);
     void Enlist(TForm& form);
     void Delist(TForm& form);
     void DestroyClosedForms();
+    void HandlersBelowResume();
 
     IEventSource& source_;
     IView* view_;

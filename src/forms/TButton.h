@@ -51,7 +51,9 @@ protected:
     void Accelerate() override { Press(); }
 
 private:
+    /// As a person does it.
     void Press();
+    bool CanBePressed() const { return EffectivelyEnabled() && EffectivelyVisible(); }
 
     TKey shortcut_;
     TButtonRole role_;

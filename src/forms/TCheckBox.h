@@ -37,7 +37,6 @@ protected:
     void WriteField(TField& field) override;
 
 private:
-    void Toggle();
     bool Assign(bool checked);
 
     bool checked_;

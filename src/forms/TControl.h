@@ -64,13 +64,13 @@ public:
 
     /// Can take the focus now: an interactive kind, enabled, visible.
     bool CanFocus() const;
+    /// Stands somewhere in the container.
+    bool IsWithin(const TContainer& container) const;
     bool Focused() const;
     /// From code. Outside a leaving: leaves the focused control and enters this one. Inside an OnExit: says where the
     /// focus goes in the end, without leaving anything else. Before the screen is shown: where it will stand.
     /// Nothing when CanFocus() is false.
     void SetFocus();
-    /// Where the control can take the focus; otherwise the screen stays as it is.
-    void SetFocusIfPossible() { SetFocus(); }
 
     /// What the right button or the menu key opens; null for none.
     TPopupMenu* PopupMenu() const { return popupMenu_; }
@@ -111,6 +111,17 @@ protected:
     virtual bool KeyEffect(const TKey& key);
     /// Alt and its letter.
     virtual void Accelerate();
+    /// Tab and Enter stop at it as it is now.
+    virtual bool StopsTab() const { return tabStop_ && !ReadOnly(); }
+    /// The key ends the typing: what was typed is committed before its handlers run.
+    virtual bool CommitsOn(const TKey& key) const;
+    /// The popup menu is about to open: its items take the state that they have here.
+    virtual void MenuOpens();
+    /// The same, by a person and at a place.
+    virtual std::string PerformOpenMenu(const TUserEvent& event);
+    std::string PerformMenuItem(const TUserEvent& event);
+    /// "O campo X …": how a refusal names it.
+    std::string Named(std::string_view rest) const;
     /// What was typed goes to where it belongs; an exception says why it cannot.
     virtual void CommitInput() { }
     virtual void Enter();
@@ -120,7 +131,7 @@ protected:
     virtual void VisibilityChanged() { }
 
 private:
-    friend class TContainer;
+    friend class TPopupMenu;
     TContainer* parent_ = nullptr;
     TPopupMenu* popupMenu_ = nullptr;
     std::string caption_; ///< an "&" stands before the letter that Alt reaches it by

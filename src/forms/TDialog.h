@@ -49,6 +49,11 @@ struct TDialog {
     TModalResult EscAnswer() const;
     /// Takes an answer. Empty, or why a person could not have given it; then nothing is changed.
     std::string Answer(const TUserEvent& event);
+
+private:
+    std::string TakeRows(const TUserEvent& event);
+    std::string TakeValue(const TUserEvent& event);
+    static bool IsBlankDate(std::string_view text);
 };
 
 } // namespace alinhavo

@@ -40,6 +40,7 @@ private:
     void DataSetRowsChanged() override;
     void DataSetCursorChanged() override;
     void DataSetRowChanged() override;
+    void WriteTouched();
     void Refresh();
     bool Writable() const;
 

@@ -34,6 +34,7 @@ public:
 protected:
     std::string Perform(const TUserEvent& event) override;
     bool KeyEffect(const TKey& key) override;
+    bool StopsTab() const override { return TabStop(); }
 
 private:
     std::vector<std::string> files_;

@@ -4,13 +4,14 @@
 #include "forms/TDialog.h"
 #include "forms/TModalResult.h"
 
+#include <exception>
 #include <string>
 #include <string_view>
 
 namespace alinhavo {
 
 class TApplication;
-class TButton;
+enum class TButtonRole;
 
 /// A screen. Its class name is what it is loaded by, its component name what it is found by; both are given once.
 class TForm : public TContainer {
@@ -41,9 +42,17 @@ public:
     TControl* ActiveControl() const { return activeControl_; }
     /// While an OnExit runs: the user went to this control.
     bool FocusGoesTo(const TControl& control) const { return activeControl_ == &control; }
-    /// First control in the order of their making that can take the focus.
+    /// All controls, each before those that it holds: the order in which they stand on the screen.
+    std::vector<TControl*> ControlsInOrder() const;
+    /// SetFocus of the first control, in that order, that a person can fill.
     void FocusFirst();
-    /// As SetFocus of the next (or previous) control in the order of their making that a person can fill.
+    /// SetFocus of the first one within the container; nothing when there is none.
+    void FocusFirstIn(const TContainer& container);
+    /// SetFocus of the control behind another one.
+    void FocusBehind(const TControl& control);
+    /// What was typed into the focused control goes to where it belongs, without leaving it.
+    void CommitFocused();
+    /// SetFocus of the next (or previous) control that a person can fill.
     void SelectNext(bool forward = true);
 
     TEvent<> OnShow;
@@ -73,35 +82,42 @@ private:
     friend class TControl;
     friend class TPageControl;
 
+    enum class TMove { To, Forward, Back };
+
     /// As a person moves it: leaves, asks, enters. True when the focus arrived.
     bool MoveFocus(TControl& target);
-    bool RunExit(TControl& old);
-    void SetFocusFromCode(TControl& target);
-    void Arrive(TControl* old);
-    /// A focused control that no longer can be moves the focus on.
-    void SettleFocus();
-    TControl* NextFocusable(const TControl& from, bool forward) const;
-    TControl* NextToFill(const TControl* from, bool forward) const;
-    std::vector<TControl*> FocusOrder() const;
-    void Forget(TControl& control);
-
-    void HandleKey(TKey key);
-    void KeyDefault(const TKey& key);
     bool MoveOn(bool forward);
+    bool Move(TControl& target, TMove move);
+    /// What its leaving raised; null when it was left well.
+    std::exception_ptr Leave(TControl& old);
+    void Arrive(TControl* old);
+    void SetFocusFromCode(TControl& target);
+    /// A focused control that no longer can be moves the focus on, without being left.
+    void SettleFocus();
+    TControl* NextToFill(const TControl* from, bool forward) const;
+    TControl* NextFocusable(const TControl& from) const;
+    std::vector<TControl*> Around(const TControl* from, bool forward) const;
+    void Forget(const TControl& control);
+
+    void HandleKey(TKey& key);
+    void KeyDefault(const TKey& key);
+    bool PressMenuShortcut(TControl& control, const TKey& key);
     bool PressShortcut(const TKey& key);
     bool PressAccelerator(const TKey& key);
-    bool PressMenuShortcut(TControl& control, const TKey& key);
-    bool PressRole(int role);
-    bool Escape();
+    bool PressRole(TButtonRole role);
+    void Escape();
 
     void BeginShowing();
     bool MayClose();
     void EndShowing();
+    void Hide();
+    bool AskValue(TDialog::TKind kind, std::string_view title, std::string_view text, std::string& value);
     std::string TitleOr(std::string_view title) const;
 
     TApplication& application_;
     std::string className_;
     TControl* activeControl_ = nullptr;
+    bool entered_ = false; ///< the active control was entered, and is left before another one is
     bool leaving_ = false;
     bool focusSaid_ = false; ///< an OnExit has said where the focus goes
     bool showing_ = false;

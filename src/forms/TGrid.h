@@ -87,9 +87,12 @@ public:
     void Describe(IPropertySink& sink) const override;
 
 protected:
-    friend class TApplication;
     std::string Perform(const TUserEvent& event) override;
+    std::string PerformOpenMenu(const TUserEvent& event) override;
+    void MenuOpens() override;
     bool KeyEffect(const TKey& key) override;
+    bool StopsTab() const override { return TabStop(); }
+    bool CommitsOn(const TKey& key) const override;
     void CommitInput() override;
     void Exit() override;
 
@@ -98,33 +101,43 @@ private:
     void DataSetCursorChanged() override;
     void DataSetRowChanged() override;
 
+    // What a person does
     std::string PerformCell(const TUserEvent& event);
     std::string PerformText(const TUserEvent& event);
     std::string PerformTick(const TUserEvent& event);
     std::string PerformTitle(const TUserEvent& event);
-    std::string PerformDouble(const TUserEvent& event);
     std::string WhyNoCell(const TUserEvent& event) const;
-    std::string WhyNotEditable() const;
-    void GoToCell(std::int64_t row, std::string_view column);
-    void GoToColumn(int index);
-    bool BeginEdit();
-    void CancelEditor();
-    bool MayInsert() const;
-    bool EditableColumn(int index) const;
-    int NextEditable(int from, int step) const;
+    std::string WhyNotEditable(int column) const;
     bool EnterKey();
     bool TabKey(bool forward);
     bool DownKey();
     bool UpKey();
     bool EscKey();
     bool InsertKey();
-    bool MoveKey(const TKey& key);
-    bool SideKey(int step);
     bool SpaceKey();
-    int IndexOf(std::string_view field) const;
-    TGridColumn& MutableColumn(std::string_view field);
+    bool SideKey(int step);
+    bool PageKey(const TKey& key);
+
+    // The current cell
+    void GoToCell(std::int64_t row, int column);
+    void GoToColumn(int column);
+    void BeginEdit();
+    void SetTick(bool checked);
+    void CancelEditor();
+    bool AtLastRow() const;
+    bool IsUntouchedNewRow() const;
+    bool MayInsert() const;
+    bool HasRows() const;
+
+    // Columns
+    int IndexOf(std::string_view fieldOrTitle) const; ///< -1 when there is none
+    int CurrentIndex() const;
+    bool Editable(int column) const;
+    int NextColumn(int from, int step, bool editableOnly) const;
+    TField* FieldOf(int column) const;
+    std::string TitleOf(const TGridColumn& column) const;
+    TGridColumn& Existing(std::string_view field);
     void TakeFieldsAsColumns() const;
-    void SettleEditor();
 
     TDataSet* dataset_ = nullptr;
     mutable std::vector<TGridColumn> columns_;

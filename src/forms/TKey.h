@@ -16,7 +16,12 @@ struct TKey {
     /// "F5", "Ctrl+Del", "Shift+Tab", "Alt+c"; an unknown text is taken as the character that is typed.
     static TKey Parse(std::string_view text);
     std::string Text() const;
+    /// One of the names above.
+    bool IsKnown() const;
     bool IsDigit() const;
+    bool IsFunctionKey() const;
+    /// The same key, a letter's case aside; no key matches a swallowed one.
+    bool Matches(const TKey& other) const;
     /// A character, without Ctrl and Alt.
     bool IsTyped() const;
     /// Swallowed keys have no further effect.

@@ -28,6 +28,7 @@ public:
 
 protected:
     bool KeyEffect(const TKey& key) override;
+    bool KeepsControlCharacter(char c) const override { return c == '\n'; }
 
 private:
     int lines_;

@@ -36,8 +36,6 @@ public:
     TEvent<> OnClick;
 
 private:
-    void Changed();
-
     TPopupMenu& menu_;
     std::string caption_;
     TKey shortcut_;

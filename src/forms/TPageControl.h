@@ -44,7 +44,7 @@ protected:
 private:
     void Turn(int index);
     void Adopt(TTabSheet& page);
-    void Drop(TTabSheet& page);
+    void Drop(const TTabSheet& page);
     void PageVisibilityChanged();
 
     std::vector<TTabSheet*> pages_;

@@ -46,7 +46,6 @@ protected:
 private:
     const std::vector<std::string>& Values() const { return values_.empty() ? items_ : values_; }
     bool Assign(int index);
-    void Choose(int index);
 
     std::vector<std::string> items_;
     std::vector<std::string> values_;

@@ -35,6 +35,9 @@ public:
     /// Outside the grid std::out_of_range.
     std::string Cell(std::size_t column, std::size_t row) const;
     void SetCell(std::size_t column, std::size_t row, std::string_view text);
+
+private:
+    std::size_t CheckedRow(std::size_t row) const;
 };
 
 } // namespace alinhavo

@@ -42,13 +42,20 @@ protected:
     /// The text is another, whoever changed it.
     virtual void TextAssigned() { }
 
+    /// A mark without a shape that may stand in the text.
+    virtual bool KeepsControlCharacter(char) const { return false; }
+
     std::string Perform(const TUserEvent& event) override;
+    std::string PerformTyped(const std::string& text);
     void CommitInput() override;
+    void Exit() override;
     void ShowField(const TField& field) override;
     void ShowNothing() override;
     void WriteField(TField& field) override;
 
 private:
+    static bool IsControlCharacter(char c);
+
     std::string text_;
     std::size_t maxLength_;
     bool upperCase_;

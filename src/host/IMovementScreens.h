@@ -45,7 +45,7 @@ class IMovementScreen {
 public:
     virtual ~IMovementScreen() = default;
     /// Warehouse and movement type that rejected goods enter with.
-    virtual void RecebeReprovados(std::string_view deposito, std::string_view tipoMovimento) = 0;
+    virtual void DefineReprovados(std::string_view deposito, std::string_view tipoMovimento) = 0;
 };
 
 } // namespace alinhavo

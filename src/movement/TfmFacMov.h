@@ -16,6 +16,7 @@
 #include "forms/TRadioGroup.h"
 #include "forms/TRow.h"
 #include "forms/TTabSheet.h"
+#include "host/IMovementScreens.h"
 #include "host/TOrvForm.h"
 #include "host/TPesquisa.h"
 #include "payment/TPrecos.h"
@@ -86,7 +87,7 @@ struct TTbBaixa final : TMemTable {
 };
 
 /// "Movimentação de Setores": moves one order out of a sector.
-class TfmFacMov final : public TOrvForm {
+class TfmFacMov final : public TOrvForm, public IMovementScreen {
 public:
     explicit TfmFacMov(TApplication& application);
 
@@ -176,9 +177,7 @@ public:
     TPesquisa PqFaccao{*this, "PqFaccao", {.BuscaTabela = "ENTIDADE", .BuscaCampo = "CODCLI"}};
     TPesquisa PqEntidadeDest{*this, "PqEntidadeDest", {.BuscaTabela = "ENTIDADE", .BuscaCampo = "CODCLI"}};
 
-    // Set by the screen that takes rejected goods into stock.
-    std::string sDepositoReprovado;
-    std::string sTipoMovReprovado;
+    void DefineReprovados(std::string_view deposito, std::string_view tipoMovimento) override;
 
     // Handlers, in the order of the controls.
     void edtOFNumChange();
@@ -336,6 +335,8 @@ private:
     std::string sLancaEstoque; ///< of the part: goods enter stock at the last sector
     std::string sAtualizaOF; ///< of the part: losses and excess change the order
     std::string sBaixaOF; ///< of the part: finished goods lower the order
+    std::string sDepositoReprovado; ///< where rejected goods enter stock, and the type they enter with
+    std::string sTipoMovReprovado;
     bool bgUltimoSetor = false;
     bool bgNaoBipado = false;
     bool bLeitAutomatica = true;

@@ -2,7 +2,6 @@
 
 #include "forms/numbers.h"
 #include "forms/text.h"
-#include "host/IMovementScreens.h"
 #include "movement/TfmFacMov.h"
 
 namespace alinhavo {
@@ -196,6 +195,12 @@ bool TfmFacMov::RecebeReprovados()
     if (!Executa_Form("TfmMovEstRej"))
         CancelaMovimentacao();
     return true;
+}
+
+void TfmFacMov::DefineReprovados(std::string_view deposito, std::string_view tipoMovimento)
+{
+    sDepositoReprovado = deposito;
+    sTipoMovReprovado = tipoMovimento;
 }
 
 void TfmFacMov::BaixaConsumos()

@@ -1,0 +1,7 @@
+#include "forms/TUserEvent.h"
+
+namespace alinhavo {
+
+void IEventSource::Handled(const TUserEvent&, std::string_view) { }
+
+} // namespace alinhavo

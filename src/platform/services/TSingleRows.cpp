@@ -1,0 +1,39 @@
+#include "platform/services/TSingleRows.h"
+
+#include "forms/text.h"
+#include "platform/services/singleValue.h"
+
+namespace alinhavo {
+namespace {
+
+/// "A,B" and "1,2" as the condition A = 1 AND B = 2.
+void AddKey(TStatement& sql, std::string_view columns, std::string_view values, char separator)
+{
+    const auto names = Explode(columns, std::string_view(&separator, 1));
+    const TLiteralList list(values, separator);
+    if (names.size() != list.Values().size())
+        throw EDatabaseError(TDatabaseErrorKind::Syntax, "there are not as many values as columns");
+    auto value = list.Values().begin();
+    for (const auto& name : names)
+        sql.Add(value == list.Values().begin() ? TFragment(" WHERE ? = ?") : TFragment(" AND ? = ?"), TName(Trim(name)),
+            *value++);
+}
+
+} // namespace
+
+bool TSingleRows::Exists(std::string_view table, std::string_view columns, std::string_view values)
+{
+    TStatement sql("SELECT 1 FROM {?}", TName(table));
+    AddKey(sql, columns, values, ',');
+    return !SingleValue(database_, sql.Add(" FETCH FIRST 1 ROWS ONLY")).IsNull();
+}
+
+TValue TSingleRows::Find(
+    std::string_view table, std::string_view keyColumns, std::string_view column, std::string_view values)
+{
+    TStatement sql("SELECT ? FROM {?}", TName(column), TName(table));
+    AddKey(sql, keyColumns, values, ';');
+    return SingleValue(database_, sql.Add(" FETCH FIRST 1 ROWS ONLY"));
+}
+
+} // namespace alinhavo

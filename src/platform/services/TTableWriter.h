@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/TOrvDatabase.h"
+
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+
+namespace alinhavo {
+
+/// Inserts rows in one table. All rows share one statement text, so that the server prepares it once.
+class TTableWriter {
+public:
+    /// `columns` is a comma-separated list of column names.
+    TTableWriter(TOrvDatabase& database, std::string_view table, std::string_view columns);
+
+    /// One value for each column, in their order. Commits nothing.
+    void Row(auto&&... values) { Insert({TValue(std::forward<decltype(values)>(values))...}); }
+
+    int RowCount() const { return rows_; }
+
+private:
+    void Insert(std::initializer_list<TValue> values);
+
+    TOrvDatabase& database_;
+    TStatement head_; ///< up to the values
+    int rows_ = 0;
+};
+
+} // namespace alinhavo

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "host/TFuncoes.h"
+#include "host/TOrvQuery.h"
+
+namespace alinhavo {
+
+/// The technical sheet of an order (PCPFTOF), with what was consumed of it and what is in stock.
+class TTechnicalSheet {
+public:
+    /// Opens the query on the rows that the filter wants. What was taken out of stock counts for the whole order, or for
+    /// the part alone where the filter names one.
+    static void Load(const TFiltroPCPFTOF& filter, TOrvQuery& query);
+};
+
+} // namespace alinhavo
