@@ -132,7 +132,7 @@ void TfmFacMov::edtCodDepositoExit()
 {
     if (!Existe("DEPOSITO", "CODIGO", Aspas(edtCodDeposito.text())))
         return Recusa("Código do depósito não encontrado.", edtCodDeposito);
-    EdtBarra.SetFocusIfPossible();
+    EdtBarra.SetFocus();
 }
 
 } // namespace alinhavo
