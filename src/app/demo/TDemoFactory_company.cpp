@@ -45,16 +45,16 @@ void TDemoFactory::FillCompany()
 {
     const TDateTime closing = FirstOfMonth(today_).AddMonths(-1).AddDays(-1);
     TTableWriter(database_, "EMPRESA", "EMP_PAT,EMP_NOME,EMP_CNPJ,EMP_DTINV,EMP_PERC_MO1,EMP_PERC_MO2")
-        .Row("01", "Confecções Vale do Alinhavo Ltda.", Cnpj(81204517), closing, 3.65, 2.5);
+        .Row({"01", "Confecções Vale do Alinhavo Ltda.", Cnpj(81204517), closing, 3.65, 2.5});
     TTableWriter(database_, "PERIODO_FECHADO", "GRUPO,DT_INICIO,DT_FIM")
-        .Row("IV", FirstOfMonth(closing).AddMonths(-11), closing);
+        .Row({"IV", FirstOfMonth(closing).AddMonths(-11), closing});
 }
 
 void TDemoFactory::FillParameters()
 {
     TTableWriter rows(database_, "PARAMETRO", "GRUPO,NUMERO,DESCRICAO,VALOR");
     for (const TParameter& parameter : parameters)
-        rows.Row(parameter.group, parameter.number, parameter.description, parameter.value);
+        rows.Row({parameter.group, parameter.number, parameter.description, parameter.value});
 }
 
 /// A period is a month of delivery.
@@ -66,8 +66,8 @@ void TDemoFactory::FillPeriods()
     for (int offset = -4; offset <= 6; ++offset) {
         const TDateTime month = FirstOfMonth(today_).AddMonths(offset);
         const std::string_view name = monthNames[static_cast<std::size_t>(month.Month() - 1)];
-        rows.Row(Period(month), std::string(name) + " de " + std::to_string(month.Year()), offset < -1 ? "N" : "S",
-            month, month.AddMonths(1).AddDays(-1));
+        rows.Row({Period(month), std::string(name) + " de " + std::to_string(month.Year()), offset < -1 ? "N" : "S",
+            month, month.AddMonths(1).AddDays(-1)});
     }
 }
 

@@ -124,7 +124,7 @@ void TDemoFactory::FillProductOperations()
 {
     TTableWriter rows(database_, "OPERACAO", "CODIGO,DESCRICAO,TEMPO_TOTAL");
     for (const TOperation& operation : operations)
-        rows.Row(operation.code, operation.name, operation.minutes);
+        rows.Row({operation.code, operation.name, operation.minutes});
 
     TRandom random = Random("operations");
     TTableWriter sequence(database_, "PCPSEQPROC", "PRODUTO,PARTE,GRUPO,OPERACAO,PERC");
@@ -134,7 +134,7 @@ void TDemoFactory::FillProductOperations()
             for (const std::string_view sector : demo::FlowOf(part.flow).sectors) {
                 for (const TOperation& operation : operations) {
                     if (BelongsTo(operation, demo::SectorOf(sector)))
-                        sequence.Row(product.model->code, part.part, sector, operation.code, efficiency);
+                        sequence.Row({product.model->code, part.part, sector, operation.code, efficiency});
                 }
             }
         }
@@ -154,8 +154,8 @@ void TDemoFactory::FillMeasures()
                 ++order;
                 double value = measure.smallest * scale;
                 for (const std::string_view size : demo::SizeRangeOf(model.range).sizes) {
-                    rows.Row(model.code, part.part, measure.code, measure.name, measure.tolerance, order, size,
-                        RoundTo(value, 1));
+                    rows.Row({model.code, part.part, measure.code, measure.name, measure.tolerance, order, size,
+                        RoundTo(value, 1)});
                     value += measure.step;
                 }
             }
@@ -169,17 +169,18 @@ void TDemoFactory::FillPrints()
     TTableWriter rows(database_, "ESTAMPA", "CODIGO,DESCRICAO,TIPO,TAMANHO,OBS");
     TTableWriter makers(database_, "ESTAMPA_CLI", "CODESTAMPA,CODCLI,CUSTO");
     for (const TPrint& print : prints) {
-        rows.Row(print.code, print.name, print.kind, print.size, print.note);
+        rows.Row({print.code, print.name, print.kind, print.size, print.note});
         const demo::TTrade trade = print.kind == "E" ? Printing : Embroidery;
         for (const TSubcontractor& subcontractor : subcontractors_) {
             if (subcontractor.trade == trade)
-                makers.Row(print.code, subcontractor.code, 0.70 + 0.05 * random.Between(0, 12));
+                makers.Row({print.code, subcontractor.code, 0.70 + 0.05 * random.Between(0, 12)});
         }
     }
 
     TTableWriter products(database_, "EST_PROD", "ESTAMPA,PRODUTO");
-    TTableWriter frames(database_, "EST_QUADRO", "ESTAMPA,PRODUTO,PARTE,QUADRO,ORDEM,FUNDO,CAMADA1,CAMADA2,CAMADA3,OBS");
-    std::array<std::size_t, 2> next {};
+    TTableWriter frames(
+        database_, "EST_QUADRO", "ESTAMPA,PRODUTO,PARTE,QUADRO,ORDEM,FUNDO,CAMADA1,CAMADA2,CAMADA3,OBS");
+    std::array<std::size_t, 2> next{};
     for (const TProduct& product : products_) {
         const demo::TPartFlow& part = demo::MakeOf(product.model->make).parts.front();
         for (const std::string_view kind : {std::string_view("E"), std::string_view("B")}) {
@@ -194,13 +195,13 @@ void TDemoFactory::FillPrints()
             }
             std::size_t& turn = next[kind == "E" ? 0 : 1];
             const TPrint& print = *ofKind[turn++ % ofKind.size()];
-            products.Row(print.code, product.model->code);
+            products.Row({print.code, product.model->code});
             int order = 0;
             for (const demo::TColour& colour : product.colours) {
                 ++order;
-                frames.Row(print.code, product.model->code, part.part, "Q" + Code(order, 2), order, colour.code,
+                frames.Row({print.code, product.model->code, part.part, "Q" + Code(order, 2), order, colour.code,
                     layers[0], layers[static_cast<std::size_t>(order) % layers.size()], layers[2],
-                    colour.code == "000002" ? "Base dupla no fundo preto." : "");
+                    colour.code == "000002" ? "Base dupla no fundo preto." : ""});
             }
         }
     }
@@ -238,8 +239,8 @@ void TDemoFactory::FillSubcontractorsOfProducts()
                 const TSubcontractor& main = MainSubcontractor(product, sector);
                 for (const TSubcontractor* able : SubcontractorsFor(product, sector)) {
                     const bool isMain = able == &main;
-                    rows.Row(product.model->code, code, part.part, able->code, isMain ? "S" : "N",
-                        isMain ? "Peça piloto aprovada." : "");
+                    rows.Row({product.model->code, code, part.part, able->code, isMain ? "S" : "N",
+                        isMain ? "Peça piloto aprovada." : ""});
                 }
             }
         }

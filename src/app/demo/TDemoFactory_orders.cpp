@@ -52,9 +52,9 @@ std::string TDemoFactory::Programme(TDateTime day)
 void TDemoFactory::FillOrderTypes()
 {
     TTableWriter rows(database_, "TIPO_OP", "CODIGO,DESCRICAO,TABELA,DEPOSITO");
-    rows.Row(saleType, "Venda", nullptr, "01");
-    rows.Row(stockType, "Pronta entrega", nullptr, "07");
-    rows.Row(sampleType, "Mostruário", demo::sampleOrderPrices, "05");
+    rows.Row({saleType, "Venda", nullptr, "01"});
+    rows.Row({stockType, "Pronta entrega", nullptr, "07"});
+    rows.Row({sampleType, "Mostruário", demo::sampleOrderPrices, "05"});
 }
 
 // Orders are numbered as they begin; most belong to a sales order of one to three products.
@@ -126,8 +126,8 @@ TDemoFactory::TOrder TDemoFactory::MakeOrder(TRandom& random, const TProduct& pr
 void TDemoFactory::FillSalesOrders()
 {
     TRandom random = Random("sales orders");
-    TTableWriter heads(database_, "PEDIDO",
-        "NUMERO,CODCLI,PED_CLI,ART_CLI,PERIODO,PROGRAMACAO,PROG_SETOR,RIS,DT_FATURA,ENTREGA");
+    TTableWriter heads(
+        database_, "PEDIDO", "NUMERO,CODCLI,PED_CLI,ART_CLI,PERIODO,PROGRAMACAO,PROG_SETOR,RIS,DT_FATURA,ENTREGA");
     TTableWriter inspections(database_, "PEDIDO4", "NUMERO,DT_INSPECAO,OBS_02");
     TTableWriter rows(database_, "PED_ITEN",
         "NUMERO,CODIGO,COR,TAM,QUANTIDADE,QTDE,QTDE_F,QTDE_CANC,PRECO,DESC_PACK,QTDE_PACK,QTDE_PACKS,OBSERVACAO");
@@ -138,20 +138,21 @@ void TDemoFactory::FillSalesOrders()
             continue;
         if (order.salesOrder != previous) {
             const TDateTime delivery = NextWorkday(order.start.AddDays(52));
-            heads.Row(order.salesOrder, order.client, "OC " + Code(random.Between(10000, 99999), 5),
+            heads.Row({order.salesOrder, order.client, "OC " + Code(random.Between(10000, 99999), 5),
                 "ART-" + Code(random.Between(100, 999), 3), Period(delivery), Programme(order.start),
-                "Corte " + Programme(order.start), "RIS" + Code(random.Between(1, 9999), 5), delivery, delivery.AddDays(3));
+                "Corte " + Programme(order.start), "RIS" + Code(random.Between(1, 9999), 5), delivery,
+                delivery.AddDays(3)});
             if (random.Chance(25))
-                inspections.Row(order.salesOrder, delivery.AddDays(-4), "Inspeção do cliente na fábrica, nível II.");
+                inspections.Row({order.salesOrder, delivery.AddDays(-4), "Inspeção do cliente na fábrica, nível II."});
         }
         previous = order.salesOrder;
         const bool isCalledOff = std::ranges::find(calledOff, index) != calledOff.end();
         const demo::TSizeRange& range = demo::SizeRangeOf(order.product->model->range);
         for (const TOrderItem& item : order.items)
-            rows.Row(order.salesOrder, order.product->model->code, item.colour, item.size, item.quantity,
+            rows.Row({order.salesOrder, order.product->model->code, item.colour, item.size, item.quantity,
                 isCalledOff ? 0 : item.quantity, 0, isCalledOff ? item.quantity : 0, order.product->price,
                 "Pack sortido " + std::string(range.name), range.weights[item.position], order.packs,
-                order.urgent ? "Entrega antecipada" : "");
+                order.urgent ? "Entrega antecipada" : ""});
     }
 }
 
@@ -159,7 +160,8 @@ void TDemoFactory::FillOrders()
 {
     TRandom random = Random("order heads");
     TTableWriter heads(database_, "OF1",
-        "NUMERO,CODIGO,PEDIDO,CODCLI,TIPO_OP,TABELA,PERIODO,PROGRAMACAO,DT_INICIO,DT_FINAL,ATIVOS,FAC_QTDE,PERC,SEQUENCIAL,"
+        "NUMERO,CODIGO,PEDIDO,CODCLI,TIPO_OP,TABELA,PERIODO,PROGRAMACAO,DT_INICIO,DT_FINAL,ATIVOS,FAC_QTDE,PERC,"
+        "SEQUENCIAL,"
         "IDENTIFICADOR,OBSERVACAO");
     TTableWriter rows(database_, "OF_ITEN", "NUMERO,COR,TAM,QTDE,QTDE_B,QTDE_C,QTDE_OF,QTDE_OF_B");
     std::string_view previous;
@@ -171,11 +173,11 @@ void TDemoFactory::FillOrders()
             pieces += item.quantity;
         sequence = !order.salesOrder.empty() && order.salesOrder == previous ? sequence + 1 : 1;
         previous = order.salesOrder;
-        heads.Row(order.number, order.product->model->code, order.salesOrder, order.client, order.type,
-            order.urgent ? TValue(demo::urgentPrices) : TValue(), Period(order.end), Programme(order.start), order.start,
-            order.end, pieces, "N", 0, std::to_string(sequence), ++identity, random.Pick(remarks));
+        heads.Row({order.number, order.product->model->code, order.salesOrder, order.client, order.type,
+            order.urgent ? TValue(demo::urgentPrices) : TValue(), Period(order.end), Programme(order.start),
+            order.start, order.end, pieces, "N", 0, std::to_string(sequence), ++identity, random.Pick(remarks)});
         for (const TOrderItem& item : order.items)
-            rows.Row(order.number, item.colour, item.size, item.quantity, 0, 0, item.quantity, 0);
+            rows.Row({order.number, item.colour, item.size, item.quantity, 0, 0, item.quantity, 0});
         summary_.pieces += pieces;
     }
     summary_.orders = heads.RowCount();
@@ -193,19 +195,19 @@ void TDemoFactory::FillOrderNotes()
         if (random.Chance(30)) {
             int number = 0;
             for (const TNote& note : cuttingNotes)
-                notes.Row(order.number, std::to_string(++number), note.field, note.text, nullptr, nullptr, 0, "G",
-                    order.start);
+                notes.Row({order.number, std::to_string(++number), note.field, note.text, nullptr, nullptr, 0, "G",
+                    order.start});
         }
         if (random.Chance(10)) {
             const demo::TSizeRange& range = demo::SizeRangeOf(model.range);
             for (const TOrderItem& item : order.items)
-                grades.Row(model.code, item.colour, item.size, order.number, "O", range.weights[item.position], 0,
-                    static_cast<int>(item.position) + 1, "S");
+                grades.Row({model.code, item.colour, item.size, order.number, "O", range.weights[item.position], 0,
+                    static_cast<int>(item.position) + 1, "S"});
         }
         if (!random.Chance(50))
             continue;
         for (const demo::TPartFlow& part : demo::MakeOf(model.make).parts)
-            places.Row(order.number, "01", "0", "0", 1, part.part, random.Pick(tables));
+            places.Row({order.number, "01", "0", "0", 1, part.part, random.Pick(tables)});
     }
 }
 
@@ -222,7 +224,7 @@ void TDemoFactory::FillPlans()
                     ? demo::factoryCode
                     : std::string_view(MainSubcontractor(*order.product, sector).code);
                 const TDateTime end = AddWorkdays(day, sector.days);
-                rows.Row(order.number, order.product->model->code, code, part.part, holder, day, end, sector.days);
+                rows.Row({order.number, order.product->model->code, code, part.part, holder, day, end, sector.days});
                 day = end;
             }
         }

@@ -30,13 +30,13 @@ constexpr auto cities = std::to_array<TCity>({
     {"4202701", "Botuverá", 88370, "47"},
 });
 
-constexpr auto streets = std::to_array<std::string_view>({"Rua das Bromélias", "Rua Vereador Osório Kühn",
-    "Rua São José", "Rua Independência", "Rua dos Atiradores", "Avenida Beira-Rio", "Rua João Pessoa Sobrinho",
-    "Rua Sete de Setembro", "Rua Dona Emília Haas", "Rua Ribeirão das Pedras", "Rua Santo Antônio",
-    "Servidão Três Irmãos"});
+constexpr auto streets = std::to_array<std::string_view>(
+    {"Rua das Bromélias", "Rua Vereador Osório Kühn", "Rua São José", "Rua Independência", "Rua dos Atiradores",
+        "Avenida Beira-Rio", "Rua João Pessoa Sobrinho", "Rua Sete de Setembro", "Rua Dona Emília Haas",
+        "Rua Ribeirão das Pedras", "Rua Santo Antônio", "Servidão Três Irmãos"});
 
-constexpr auto districts = std::to_array<std::string_view>({"Centro", "Águas Claras", "Garcia", "São Pedro",
-    "Limeira", "Figueira", "Bela Vista", "Santa Luzia", "Itoupava", "Ribeirão Fundo"});
+constexpr auto districts = std::to_array<std::string_view>({"Centro", "Águas Claras", "Garcia", "São Pedro", "Limeira",
+    "Figueira", "Bela Vista", "Santa Luzia", "Itoupava", "Ribeirão Fundo"});
 
 constexpr auto dueDays = std::to_array<std::string_view>(
     {"05  Todo dia 5", "10  Todo dia 10", "15  Todo dia 15", "20  Todo dia 20", "25  Todo dia 25"});
@@ -103,11 +103,11 @@ constexpr auto shops = std::to_array<TShop>({
 constexpr auto suppliers = std::to_array<std::string_view>({"Malharia Fio Nobre Ltda.", "Tecelagem Rio Morto Ltda.",
     "Aviamentos Casa da Linha Ltda.", "Etiquetas Ponto Alto Ltda.", "Embalagens Itoupava Ltda."});
 
-constexpr auto firstNames = std::to_array<std::string_view>({"Adriana", "Márcio", "Luzia", "Sérgio", "Ivone", "César",
-    "Rosângela", "Antônio", "Inês", "Cláudia", "Josué", "Terezinha", "Fábio", "Conceição", "Élcio", "Marlene",
-    "Valdir", "Patrícia", "Otávio", "Lourdes"});
-constexpr auto lastNames = std::to_array<std::string_view>({"Schlindwein", "Zucchi", "da Conceição", "Pereira",
-    "Bósio", "Gonçalves", "Kühl", "de Araújo", "Maçaneiro", "Tomio", "Simão", "Fernandes"});
+constexpr auto firstNames = std::to_array<std::string_view>(
+    {"Adriana", "Márcio", "Luzia", "Sérgio", "Ivone", "César", "Rosângela", "Antônio", "Inês", "Cláudia", "Josué",
+        "Terezinha", "Fábio", "Conceição", "Élcio", "Marlene", "Valdir", "Patrícia", "Otávio", "Lourdes"});
+constexpr auto lastNames = std::to_array<std::string_view>({"Schlindwein", "Zucchi", "da Conceição", "Pereira", "Bósio",
+    "Gonçalves", "Kühl", "de Araújo", "Maçaneiro", "Tomio", "Simão", "Fernandes"});
 
 struct TEmployee {
     std::string_view code;
@@ -177,12 +177,11 @@ public:
     {
         const TCity& city = random_.Pick(cities);
         suffix_ += 7;
-        const TAddress address {std::string(random_.Pick(streets)), std::to_string(random_.Between(12, 2890)),
+        const std::string phone = Code(random_.Between(32000000, 33999999), 8);
+        const TAddress address{std::string(random_.Pick(streets)), std::to_string(random_.Between(12, 2890)),
             std::string(random_.Pick(districts)), Code(city.postcode, 5) + "-" + Code(suffix_, 3),
-            std::string(city.name),
-            "(" + std::string(city.phone) + ") 3" + Code(random_.Between(200, 399), 3) + "-"
-                + Code(random_.Between(0, 9999), 4)};
-        postcodes_.Row(address.postcode, city.code);
+            std::string(city.name), "(" + std::string(city.phone) + ") " + phone.substr(0, 4) + "-" + phone.substr(4)};
+        postcodes_.Row({address.postcode, city.code});
         return address;
     }
 
@@ -230,44 +229,44 @@ void TDemoFactory::FillPlaces()
 {
     TTableWriter rows(database_, "CIDADE", "COD_CID,NOME_CID");
     for (const TCity& city : cities)
-        rows.Row(city.code, city.name);
+        rows.Row({city.code, city.name});
 
     TTableWriter carriers(database_, "TABTRAN", "CODIGO,NOME");
-    carriers.Row("00801", "Transportes Rota do Vale Ltda.");
-    carriers.Row("00802", "Expresso Catarinão de Cargas Ltda.");
-    carriers.Row("00803", "Retira na fábrica");
+    carriers.Row({"00801", "Transportes Rota do Vale Ltda."});
+    carriers.Row({"00802", "Expresso Catarinão de Cargas Ltda."});
+    carriers.Row({"00803", "Retira na fábrica"});
 
     TTableWriter agents(database_, "REPRESEN", "CODREP,NOME");
-    agents.Row("00901", "Representações Müller & Irmão");
-    agents.Row("00902", "Cícero Nóbrega Representações");
-    agents.Row("00903", "Vendas da fábrica");
+    agents.Row({"00901", "Representações Müller & Irmão"});
+    agents.Row({"00902", "Cícero Nóbrega Representações"});
+    agents.Row({"00903", "Vendas da fábrica"});
 }
 
 void TDemoFactory::FillClientGroups()
 {
     TTableWriter groups(database_, "GRUPO_CLI", "CODIGO,DESCRICAO");
-    groups.Row("0001", "Facções e beneficiadores");
-    groups.Row("0002", "Lojistas");
-    groups.Row("0003", "Atacadistas e redes");
-    groups.Row("0004", "Fornecedores");
+    groups.Row({"0001", "Facções e beneficiadores"});
+    groups.Row({"0002", "Lojistas"});
+    groups.Row({"0003", "Atacadistas e redes"});
+    groups.Row({"0004", "Fornecedores"});
 
     TTableWriter kinds(database_, "SITCLI", "CODIGO,DESCRICAO");
-    kinds.Row("001", "Costura");
-    kinds.Row("002", "Bordado");
-    kinds.Row("003", "Estamparia");
-    kinds.Row("004", "Lavanderia e tinturaria");
-    kinds.Row("005", "Caseado e acabamento");
-    kinds.Row("009", "Fábrica");
+    kinds.Row({"001", "Costura"});
+    kinds.Row({"002", "Bordado"});
+    kinds.Row({"003", "Estamparia"});
+    kinds.Row({"004", "Lavanderia e tinturaria"});
+    kinds.Row({"005", "Caseado e acabamento"});
+    kinds.Row({"009", "Fábrica"});
 }
 
 void TDemoFactory::FillFactory()
 {
-    TTableWriter(database_, "CADCEP", "CEP,COD_CID").Row("88350-001", "4202909");
+    TTableWriter(database_, "CADCEP", "CEP,COD_CID").Row({"88350-001", "4202909"});
     TTableWriter(database_, "ENTIDADE",
         "CODCLI,NOME,FANTASIA,CNPJ,ATIVO,BLOQUEIO,GRUPO,SIT_CLI,ENDERECO,NUM_END,BAIRRO,CEP,TELEFONE,EMAIL,CONSUMOS")
-        .Row(demo::factoryCode, "Confecções Vale do Alinhavo Ltda.", "Vale do Alinhavo", Cnpj(81204517), "S", "N",
+        .Row({demo::factoryCode, "Confecções Vale do Alinhavo Ltda.", "Vale do Alinhavo", Cnpj(81204517), "S", "N",
             "0001", "009", "Rua dos Teares", "1500", "Águas Claras", "88350-001", "(47) 3355-1500",
-            "producao@valedoalinhavo.example", "S");
+            "producao@valedoalinhavo.example", "S"});
 }
 
 void TDemoFactory::FillSubcontractors()
@@ -291,15 +290,16 @@ void TDemoFactory::FillSubcontractors()
         subcontractor.blocked = workshop.name == blocked;
         subcontractor.certified = workshop.name != uncertified;
         const std::string mail = MailName(workshop.shortName) + ".example";
-        rows.Row(subcontractor.code, workshop.name, workshop.shortName,
+        const int account = random.Between(100000, 999999);
+        rows.Row({subcontractor.code, workshop.name, workshop.shortName,
             Cnpj(10200300 + 137911 * static_cast<int>(index)), "S", subcontractor.blocked ? "S" : "N", finance.group,
             finance.kind, subcontractor.preferred ? TValue(demo::preferredPrices) : TValue(), "00803", address.street,
-            address.number, address.district, address.postcode, address.phone, "producao@" + mail,
-            random.Pick(dueDays), finance.account, finance.history, "002", Code(random.Between(901, 903), 3),
-            Code(random.Between(101, 998), 4), Code(random.Between(10000, 99999), 6) + "-" + Code(random.Between(0, 9), 1),
-            "S", subcontractor.blocked ? "Bloqueada: aguardando acerto das peças faltantes." : "");
-        contacts.Row(subcontractor.code, "1", "contato@" + mail);
-        contacts.Row(subcontractor.code, "3", "financeiro@" + mail);
+            address.number, address.district, address.postcode, address.phone, "producao@" + mail, random.Pick(dueDays),
+            finance.account, finance.history, "002", Code(random.Between(901, 903), 3),
+            Code(random.Between(101, 998), 4), Code(account / 10, 6) + "-" + std::to_string(account % 10), "S",
+            subcontractor.blocked ? "Bloqueada: aguardando acerto das peças faltantes." : ""});
+        contacts.Row({subcontractor.code, "1", "contato@" + mail});
+        contacts.Row({subcontractor.code, "3", "financeiro@" + mail});
         subcontractors_.push_back(std::move(subcontractor));
     }
     summary_.subcontractors = rows.RowCount();
@@ -316,10 +316,10 @@ void TDemoFactory::FillClients()
         const TShop& shop = shops[index];
         const auto address = addresses.Next();
         const std::string code = Code(501 + static_cast<int>(index), 5);
-        rows.Row(code, shop.name, shop.shortName, Cnpj(40700100 + 215377 * static_cast<int>(index)), "S", "N",
+        rows.Row({code, shop.name, shop.shortName, Cnpj(40700100 + 215377 * static_cast<int>(index)), "S", "N",
             shop.group, Code(random.Between(901, 903), 5), Code(random.Between(801, 802), 5), address.street,
             address.number, address.district, address.postcode, address.phone,
-            "compras@" + MailName(shop.shortName) + ".example", "28  28/56/84 dias");
+            "compras@" + MailName(shop.shortName) + ".example", "28  28/56/84 dias"});
         clients_.push_back(code);
     }
 }
@@ -331,9 +331,9 @@ void TDemoFactory::FillSuppliers()
         "CODCLI,NOME,FANTASIA,CNPJ,ATIVO,BLOQUEIO,GRUPO,ENDERECO,NUM_END,BAIRRO,CEP,TELEFONE,CLASSE,HISTORICO");
     for (std::size_t index = 0; index < suppliers.size(); ++index) {
         const auto address = addresses.Next();
-        rows.Row(Code(701 + static_cast<int>(index), 5), suppliers[index], suppliers[index],
+        rows.Row({Code(701 + static_cast<int>(index), 5), suppliers[index], suppliers[index],
             Cnpj(60800200 + 318211 * static_cast<int>(index)), "S", "N", "0004", address.street, address.number,
-            address.district, address.postcode, address.phone, "3201", "0020");
+            address.district, address.postcode, address.phone, "3201", "0020"});
     }
 }
 
@@ -342,14 +342,15 @@ void TDemoFactory::FillEmployees()
     TRandom random = Random("employees");
     TTableWriter rows(database_, "PESSOAL", "CODIGO,NOME,CODCLI,TEMPO_DIARIO");
     for (const TEmployee& employee : employees)
-        rows.Row(employee.code, employee.name, nullptr, standardDay);
+        rows.Row({employee.code, employee.name, nullptr, standardDay});
 
     int number = 100;
     for (const TSubcontractor& subcontractor : subcontractors_) {
         for (int count = random.Between(2, 4); count > 0; --count) {
-            const std::string name
-                = std::string(random.Pick(firstNames)) + " " + std::string(random.Pick(lastNames));
-            rows.Row(Code(++number, 8), name, subcontractor.code, standardDay - 48.0 * random.Between(0, 2));
+            const std::string first(random.Pick(firstNames));
+            const std::string last(random.Pick(lastNames));
+            rows.Row(
+                {Code(++number, 8), first + " " + last, subcontractor.code, standardDay - 48.0 * random.Between(0, 2)});
         }
     }
 }
@@ -358,23 +359,23 @@ void TDemoFactory::FillEmployees()
 void TDemoFactory::FillCertificates()
 {
     TTableWriter kinds(database_, "CERTIFICADO", "CODIGO,DESCRICAO");
-    kinds.Row("SEGINF", "Segurança de vestuário infantil");
-    kinds.Row("LICAMB", "Licença ambiental de operação");
+    kinds.Row({"SEGINF", "Segurança de vestuário infantil"});
+    kinds.Row({"LICAMB", "Licença ambiental de operação"});
 
     TTableWriter demanded(database_, "PRODUTO_CERTIFICADO", "PRODUTO,CERTIFICADO");
     for (const TProduct& product : products_) {
         if (IsForChildren(*product.model))
-            demanded.Row(product.model->code, "SEGINF");
+            demanded.Row({product.model->code, "SEGINF"});
     }
 
     TTableWriter held(database_, "ENTIDADE_CERTIFICADO", "CODCLI,CERTIFICADO,DT_INICIO,DT_FIM");
-    held.Row(demo::factoryCode, "SEGINF", today_.AddDays(-400), today_.AddDays(695));
-    held.Row(demo::factoryCode, "LICAMB", today_.AddDays(-700), today_.AddDays(760));
+    held.Row({demo::factoryCode, "SEGINF", today_.AddDays(-400), today_.AddDays(695)});
+    held.Row({demo::factoryCode, "LICAMB", today_.AddDays(-700), today_.AddDays(760)});
     for (const TSubcontractor& subcontractor : subcontractors_) {
         const TDateTime until = subcontractor.certified ? today_.AddDays(500) : today_.AddDays(-20);
-        held.Row(subcontractor.code, "SEGINF", until.AddDays(-730), until);
+        held.Row({subcontractor.code, "SEGINF", until.AddDays(-730), until});
         if (subcontractor.trade == Laundry || subcontractor.trade == Dyeing || subcontractor.trade == Printing)
-            held.Row(subcontractor.code, "LICAMB", today_.AddDays(-300), today_.AddDays(800));
+            held.Row({subcontractor.code, "LICAMB", today_.AddDays(-300), today_.AddDays(800)});
     }
 }
 

@@ -7,11 +7,11 @@ namespace alinhavo {
 void TDemoFactory::FillPriceTables()
 {
     TTableWriter rows(database_, "REGIAO", "REGIAO,DESCRICAO,PADRAO");
-    rows.Row(demo::defaultPrices, "Tabela padrão das facções", "S");
-    rows.Row(demo::preferredPrices, "Facções preferenciais", "N");
-    rows.Row(demo::sampleOrderPrices, "Mostruário e peça piloto", "N");
-    rows.Row(demo::urgentPrices, "Pedidos urgentes", "N");
-    rows.Row(demo::colourSizePrices, "Preço por cor e tamanho", "N");
+    rows.Row({demo::defaultPrices, "Tabela padrão das facções", "S"});
+    rows.Row({demo::preferredPrices, "Facções preferenciais", "N"});
+    rows.Row({demo::sampleOrderPrices, "Mostruário e peça piloto", "N"});
+    rows.Row({demo::urgentPrices, "Pedidos urgentes", "N"});
+    rows.Row({demo::colourSizePrices, "Preço por cor e tamanho", "N"});
 }
 
 // The default table knows every product and sector. The others are partial, as price tables are: what they lack is looked
@@ -30,15 +30,17 @@ void TDemoFactory::FillSectorPrices()
             for (const std::string_view code : demo::FlowOf(part.flow).sectors) {
                 const demo::TSector& sector = demo::SectorOf(code);
                 const double price = SectorPrice(sector, model);
-                rows.Row(demo::defaultPrices, model.code, code, part.part, price, nullptr);
+                rows.Row({demo::defaultPrices, model.code, code, part.part, price, nullptr});
                 if (sector.trade == demo::TTrade::House)
                     continue;
-                rows.Row(demo::preferredPrices, model.code, code, part.part, RoundTo(price * preferredRate, 3), nullptr);
+                rows.Row(
+                    {demo::preferredPrices, model.code, code, part.part, RoundTo(price * preferredRate, 3), nullptr});
                 if (sector.group == "05")
-                    rows.Row(demo::sampleOrderPrices, model.code, code, part.part, RoundTo(price * sampleRate, 3),
-                        "Peça única: conferir com a modelista.");
+                    rows.Row({demo::sampleOrderPrices, model.code, code, part.part, RoundTo(price * sampleRate, 3),
+                        "Peça única: conferir com a modelista."});
                 if (hasUrgentPrice)
-                    rows.Row(demo::urgentPrices, model.code, code, part.part, RoundTo(price * urgentRate, 3), nullptr);
+                    rows.Row(
+                        {demo::urgentPrices, model.code, code, part.part, RoundTo(price * urgentRate, 3), nullptr});
             }
         }
     }
@@ -58,8 +60,8 @@ void TDemoFactory::FillColourSizePrices()
             for (std::size_t size = 0; size < range.sizes.size(); ++size) {
                 const double large = size < range.smallSizes ? 0 : 0.35;
                 const double dark = colour.code == "000002" ? 0.2 : 0;
-                rows.Row(demo::colourSizePrices, model.code, "07", "01", colour.code, range.sizes[size],
-                    RoundTo(price + large + dark, 2));
+                rows.Row({demo::colourSizePrices, model.code, "07", "01", colour.code, range.sizes[size],
+                    RoundTo(price + large + dark, 2)});
             }
         }
     }
@@ -70,7 +72,8 @@ void TDemoFactory::FillSalesPrices()
 {
     constexpr double perWeek = 1.004;
     TTableWriter rows(database_, "TABPRECO",
-        "CODIGO,REGIAO,PRECO_00,PRECO_07,PRECO_14,PRECO_21,PRECO_28,PRECO_35,PRECO_42,PRECO_49,PRECO_56,PRECO_63,PRECO_70,"
+        "CODIGO,REGIAO,PRECO_00,PRECO_07,PRECO_14,PRECO_21,PRECO_28,PRECO_35,PRECO_42,PRECO_49,PRECO_56,PRECO_63,PRECO_"
+        "70,"
         "PRECO_77,PRECO_84,PRECO_91");
     for (const TProduct& product : products_) {
         double price = product.price;
@@ -82,8 +85,8 @@ void TDemoFactory::FillSalesPrices()
         // Braces fix the order in which the terms are computed.
         const double terms[] = {next(), next(), next(), next(), next(), next(), next(), next(), next(), next(), next(),
             next(), next(), next()};
-        rows.Row(product.model->code, demo::defaultPrices, terms[0], terms[1], terms[2], terms[3], terms[4], terms[5],
-            terms[6], terms[7], terms[8], terms[9], terms[10], terms[11], terms[12], terms[13]);
+        rows.Row({product.model->code, demo::defaultPrices, terms[0], terms[1], terms[2], terms[3], terms[4], terms[5],
+            terms[6], terms[7], terms[8], terms[9], terms[10], terms[11], terms[12], terms[13]});
     }
 }
 

@@ -126,8 +126,7 @@ std::string_view TDemoFactory::ColourOf(const demo::TSheetLine& line, std::strin
     return demo::singleColour;
 }
 
-const demo::TColour& TDemoFactory::ColourOfPart(
-    const TProduct& product, std::string_view colour, std::string_view part)
+const demo::TColour& TDemoFactory::ColourOfPart(const TProduct& product, std::string_view colour, std::string_view part)
 {
     const auto found = std::ranges::find(product.colours, colour, &demo::TColour::code);
     if (part == demo::MakeOf(product.model->make).parts.front().part)
@@ -172,71 +171,72 @@ void TDemoFactory::FillSizes()
     TTableWriter sizes(database_, "TABTAM", "TAM,ACRESCIMO");
     int order = 0;
     for (const demo::TSizeRange& range : demo::SizeRanges()) {
-        ranges.Row(range.code, range.name, range.spacing);
+        ranges.Row({range.code, range.name, range.spacing});
         int position = 0;
         for (const std::string_view size : range.sizes) {
-            items.Row(range.code, size, ++position);
-            sizes.Row(size, ++order);
+            items.Row({range.code, size, ++position});
+            sizes.Row({size, ++order});
         }
     }
-    sizes.Row("0", 0);
+    sizes.Row({"0", 0});
 }
 
 void TDemoFactory::FillProductCodes()
 {
     TTableWriter colours(database_, "CADCOR", "COR,DESCRICAO");
     for (const demo::TColour& colour : demo::Colours())
-        colours.Row(colour.code, colour.name);
+        colours.Row({colour.code, colour.name});
 
     TTableWriter collections(database_, "COLECAO", "CODIGO,DESCRICAO");
     for (const std::string_view code : {"BASI"sv, "INVE"sv, "VERA"sv})
-        collections.Row(code, CollectionName(code, today_));
+        collections.Row({code, CollectionName(code, today_)});
 
     TTableWriter groups(database_, "GRUPO_PA", "CODIGO,DESCRICAO");
-    groups.Row("001", "Malharia");
-    groups.Row("002", "Camisaria");
-    groups.Row("003", "Jeans e sarja");
-    groups.Row("004", "Vestidos");
-    groups.Row("005", "Infantil e dormir");
-    groups.Row("006", "Praia");
-    groups.Row("009", "Semiacabados");
+    groups.Row({"001", "Malharia"});
+    groups.Row({"002", "Camisaria"});
+    groups.Row({"003", "Jeans e sarja"});
+    groups.Row({"004", "Vestidos"});
+    groups.Row({"005", "Infantil e dormir"});
+    groups.Row({"006", "Praia"});
+    groups.Row({"009", "Semiacabados"});
 
     TTableWriter rows(database_, "FAMILIA", "CODIGO,DESCRICAO,GRUPO");
     TTableWriter classes(database_, "TABFIS", "CODIGO,DESCRICAO");
     std::vector<std::string_view> known;
     for (const TFamily& family : families) {
-        rows.Row(family.code, family.name, family.group);
+        rows.Row({family.code, family.name, family.group});
         if (std::ranges::find(known, family.fiscalClass) != known.end())
             continue;
-        classes.Row(family.fiscalClass, family.name);
+        classes.Row({family.fiscalClass, family.name});
         known.push_back(family.fiscalClass);
     }
 
     TTableWriter lines(database_, "TABLIN", "CODIGO,DESCRICAO,CONCENTRADO");
-    lines.Row("MASC", "Masculino", 600);
-    lines.Row("FEMI", "Feminino", 500);
-    lines.Row("INFA", "Infantil", 400);
+    lines.Row({"MASC", "Masculino", 600});
+    lines.Row({"FEMI", "Feminino", 500});
+    lines.Row({"INFA", "Infantil", 400});
 
     TTableWriter brands(database_, "MARCA", "CODIGO,DESCRICAO");
-    brands.Row("ALINH", "Vale do Alinhavo");
-    brands.Row("MARES", "Maresia do Sul");
-    brands.Row("GARIM", "Garimpo Jeans");
-    brands.Row("PINGO", "Pingo de Gente");
+    brands.Row({"ALINH", "Vale do Alinhavo"});
+    brands.Row({"MARES", "Maresia do Sul"});
+    brands.Row({"GARIM", "Garimpo Jeans"});
+    brands.Row({"PINGO", "Pingo de Gente"});
 
     TTableWriter labels(database_, "ETQ_PROD", "CODIGO,DESCRICAO");
-    labels.Row("00001", "Etiqueta padrão com composição e tamanho");
-    labels.Row("00002", "Etiqueta infantil sem costura");
+    labels.Row({"00001", "Etiqueta padrão com composição e tamanho"});
+    labels.Row({"00002", "Etiqueta infantil sem costura"});
 
     TTableWriter units(database_, "UNIDADE", "UNIDADE,QTDE");
     for (const std::string_view unit : {"PC"sv, "KG"sv, "M"sv, "PAR"sv, "CJ"sv})
-        units.Row(unit, 1);
+        units.Row({unit, 1});
 }
 
 void TDemoFactory::FillProducts()
 {
     TRandom random = Random("products");
     TTableWriter rows(database_, "PRODUTO",
-        "CODIGO,CODIGO2,DESCRICAO,DESCRICAO2,UNIDADE,ATIVO,STATUS,ESTOQUE,COLECAO,GRUPO,FAMILIA,LINHA,MARCA,ETIQUETA,FAIXA,"
+        "CODIGO,CODIGO2,DESCRICAO,DESCRICAO2,UNIDADE,ATIVO,STATUS,ESTOQUE,COLECAO,GRUPO,FAMILIA,LINHA,MARCA,ETIQUETA,"
+        "FAIXA,"
         "CODFIS,LOCAL,FICHA,COMP1,LARGURA,PESO,PESO_TALHADO,CUSTO,PRECO,OBS1");
     TTableWriter costs(database_, "PRECO_ITEN", "ARTIGO,VALOR");
     int number = 0;
@@ -261,14 +261,15 @@ void TDemoFactory::FillProducts()
         const TFamily& family = FamilyOf(model.family);
         // One model is closed for changes, as a product is while its price is being revised.
         const bool closed = model.code == "VES0105";
-        rows.Row(model.code, "R" + Code(26000 + ++number, 6), model.name, std::string(family.name) + " " + std::string(model.code),
-            demo::MakeOf(model.make).parts.size() > 1 ? "CJ" : "PC", "S", closed ? "Bloqueado p/ Alterações" : "Liberado",
-            "S", model.collection, family.group, model.family, model.line, model.brand,
-            IsForChildren(model) ? "00002" : "00001", model.range, family.fiscalClass, "B1",
+        rows.Row({model.code, "R" + Code(26000 + ++number, 6), model.name,
+            std::string(family.name) + " " + std::string(model.code),
+            demo::MakeOf(model.make).parts.size() > 1 ? "CJ" : "PC", "S",
+            closed ? "Bloqueado p/ Alterações" : "Liberado", "S", model.collection, family.group, model.family,
+            model.line, model.brand, IsForChildren(model) ? "00002" : "00001", model.range, family.fiscalClass, "B1",
             "FT-" + std::string(model.code), family.composition, 0, family.weight, family.weight * 1.08, product.cost,
-            product.price, closed ? "Preço em revisão pela engenharia." : "");
-        costs.Row(model.code, RoundTo(labour, 4));
-        costs.Row(model.code, RoundTo(material, 4));
+            product.price, closed ? "Preço em revisão pela engenharia." : ""});
+        costs.Row({model.code, RoundTo(labour, 4)});
+        costs.Row({model.code, RoundTo(material, 4)});
         products_.push_back(std::move(product));
     }
     summary_.products = rows.RowCount();
@@ -279,9 +280,10 @@ void TDemoFactory::FillSemiFinished()
 {
     const TFamily& family = FamilyOf("SEM");
     TTableWriter(database_, "PRODUTO",
-        "CODIGO,DESCRICAO,UNIDADE,ATIVO,STATUS,ESTOQUE,COLECAO,GRUPO,FAMILIA,LINHA,MARCA,CODFIS,LARGURA,PESO,CUSTO,PRECO")
-        .Row(demo::collar, "Gola retilínea para polo", "PC", "S", "Liberado", "S", "BASI", family.group, family.code, "MASC",
-            "ALINH", family.fiscalClass, 0.09, family.weight, demo::collarCost, 0);
+        "CODIGO,DESCRICAO,UNIDADE,ATIVO,STATUS,ESTOQUE,COLECAO,GRUPO,FAMILIA,LINHA,MARCA,CODFIS,LARGURA,PESO,CUSTO,"
+        "PRECO")
+        .Row({demo::collar, "Gola retilínea para polo", "PC", "S", "Liberado", "S", "BASI", family.group, family.code,
+            "MASC", "ALINH", family.fiscalClass, 0.09, family.weight, demo::collarCost, 0});
 }
 
 void TDemoFactory::FillProductParts()
@@ -294,18 +296,18 @@ void TDemoFactory::FillProductParts()
         int order = 0;
         for (const demo::TPartFlow& part : parts) {
             const bool isDefault = part.part == parts.front().part;
-            flows.Row(product.model->code, part.part, part.flow, isDefault ? "S" : "N");
+            flows.Row({product.model->code, part.part, part.flow, isDefault ? "S" : "N"});
             if (parts.size() == 1)
                 continue;
             std::array<TValue, 4> names;
             for (std::size_t index = 0; index < product.colours.size(); ++index) {
                 const std::string_view colour = product.colours[index].code;
                 const demo::TColour& worn = ColourOfPart(product, colour, part.part);
-                partColours.Row(product.model->code, colour, part.part, worn.code);
+                partColours.Row({product.model->code, colour, part.part, worn.code});
                 names[index] = worn.name;
             }
-            combinations.Row(product.model->code, ++order, demo::SheetOf(product.model->sheet).lines.front().material,
-                names[0], names[1], names[2], names[3]);
+            combinations.Row({product.model->code, ++order, demo::SheetOf(product.model->sheet).lines.front().material,
+                names[0], names[1], names[2], names[3]});
         }
     }
 }
@@ -323,9 +325,9 @@ void TDemoFactory::FillProductGrades()
             for (std::size_t size = 0; size < range.sizes.size(); ++size) {
                 const int weight = range.weights[size];
                 const int sequence = static_cast<int>(size) + 1;
-                rows.Row(product.model->code, colour.code, range.sizes[size], "P", weight / 2.0, 0, sequence, "S");
-                rows.Row(product.model->code, colour.code, range.sizes[size], "V", weight,
-                    RoundTo(100.0 * weight / total, 2), sequence, "S");
+                rows.Row({product.model->code, colour.code, range.sizes[size], "P", weight / 2.0, 0, sequence, "S"});
+                rows.Row({product.model->code, colour.code, range.sizes[size], "V", weight,
+                    RoundTo(100.0 * weight / total, 2), sequence, "S"});
             }
         }
     }

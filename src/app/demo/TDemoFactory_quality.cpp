@@ -122,29 +122,30 @@ void TDemoFactory::FillDefects()
         database_, "DEFEITO", "CODIGO,DESCRICAO,COMPLEMENTO,GRUPO,SETOR,QUALIDADE,SEGUNDA,REPROC,DESCONTO,VAL_DESC");
     int number = 0;
     for (const TDefect& defect : defects)
-        rows.Row(Code(++number, 5), defect.name, defect.complement, defect.group, defect.sector, defect.second ? "2" : "1",
-            defect.second ? "S" : "N", defect.reprocess ? "S" : "N", defect.discount, defect.value);
+        rows.Row(
+            {Code(++number, 5), defect.name, defect.complement, defect.group, defect.sector, defect.second ? "2" : "1",
+                defect.second ? "S" : "N", defect.reprocess ? "S" : "N", defect.discount, defect.value});
 }
 
 void TDemoFactory::FillInspectionTypes()
 {
     TTableWriter types(database_, "DEF_TIPO", "CODIGO,DESCRICAO");
     for (const TInspection& inspection : inspections)
-        types.Row(inspection.code, inspection.name);
+        types.Row({inspection.code, inspection.name});
 
     TTableWriter samples(database_, "INSP_AMOSTRA", "CODIGO,TIPO_INSP,QTDE_MIN,QTDE_MAX,QTDE_AMOSTRA,QTDE_DEF");
     int number = 0;
     for (const std::string_view type : {std::string_view("2"), std::string_view("3")}) {
         for (const TSample& sample : finalSamples)
-            samples.Row(std::to_string(++number), type, sample.from, sample.to, sample.sample, sample.defects);
+            samples.Row({std::to_string(++number), type, sample.from, sample.to, sample.sample, sample.defects});
     }
     for (const TSample& sample : generalSamples)
-        samples.Row(std::to_string(++number), "1", sample.from, sample.to, sample.sample, sample.defects);
+        samples.Row({std::to_string(++number), "1", sample.from, sample.to, sample.sample, sample.defects});
 
     TTableWriter rows(database_, "OFPADRAO", "CODIGO,CAMPO,DESCRICAO,ORDEM");
     int order = 0;
     for (const TCheck& check : checks)
-        rows.Row("I" + std::string(check.inspection), check.field, check.text, ++order);
+        rows.Row({"I" + std::string(check.inspection), check.field, check.text, ++order});
 }
 
 } // namespace alinhavo

@@ -34,7 +34,7 @@ void TDemoFactory::FillSectors()
 {
     TTableWriter codes(database_, "TABSPED", "CODIGO,DESCRICAO");
     for (const TNamedCode& row : fiscalCodes)
-        codes.Row(row.code, row.name);
+        codes.Row({row.code, row.name});
 
     TTableWriter rows(database_, "CADFLUXO",
         "CODIGO,DESCRICAO,ORDEM,GRUPO,TIPO,IND_PAG,PRECO,CUSTO,CONTA,CODSPED,COMPLEMENTO,DIAS,DIAS_SEMANA,PECAS_DIA,"
@@ -43,11 +43,11 @@ void TDemoFactory::FillSectors()
     int order = 0;
     for (const demo::TSector& sector : demo::Sectors()) {
         const auto on = [&](std::string_view column) { return SwitchOf(sector, column); };
-        rows.Row(sector.code, sector.name, order += 10, sector.group, "P", sector.paidQuantity, sector.price,
+        rows.Row({sector.code, sector.name, order += 10, sector.group, "P", sector.paidQuantity, sector.price,
             sector.price * 0.9, "3.1.02." + std::string(sector.code), sector.fiscalCode, sector.complement, sector.days,
             sector.daysOfWeek, sector.piecesPerDay, on("BAIXAPARCIAL"), on("BAIXAMAIOR"), on("BAIXALIVRE"),
             on("BAIXAMOV"), on("BAIXADEFEITO"), on("BAIXACONSUMO"), on("MOVREPROVADO"), on("ALT_PRECO"),
-            on("INVENTARIO"), on("IMP_FLUXO"));
+            on("INVENTARIO"), on("IMP_FLUXO")});
     }
     summary_.sectors = rows.RowCount();
 }
@@ -57,10 +57,10 @@ void TDemoFactory::FillFlows()
     TTableWriter heads(database_, "ROTEIRO", "CODIGO,DESCRICAO,ORDEM,BAIXALIVRE");
     TTableWriter rows(database_, "FLUXO", "CODIGO,ORDEM,SETOR,DESCRICAO");
     for (const demo::TFlow& flow : demo::Flows()) {
-        heads.Row(flow.code, flow.name, 0, Flag(flow.free));
+        heads.Row({flow.code, flow.name, 0, Flag(flow.free)});
         int order = 0;
         for (const std::string_view sector : flow.sectors)
-            rows.Row(flow.code, order += 10, sector, demo::SectorOf(sector).name);
+            rows.Row({flow.code, order += 10, sector, demo::SectorOf(sector).name});
     }
     summary_.flows = heads.RowCount();
 }
@@ -69,8 +69,8 @@ void TDemoFactory::FillParts()
 {
     TTableWriter rows(database_, "TIPO_APL", "CODIGO,DESCRICAO,PRINCIPAL,ESTOQUE,BAIXA,ATUALIZA");
     for (const demo::TPart& part : demo::Parts())
-        rows.Row(part.code, part.name, Flag(part.main), Flag(part.entersStock), Flag(part.finishesOrder),
-            Flag(part.updatesOrder));
+        rows.Row({part.code, part.name, Flag(part.main), Flag(part.entersStock), Flag(part.finishesOrder),
+            Flag(part.updatesOrder)});
 }
 
 } // namespace alinhavo

@@ -25,17 +25,17 @@ int TDemoFactory::PiecesOf(const TOrder& order, std::string_view colour, const T
 
 void TDemoFactory::FillTechnicalSheets()
 {
-    TTableWriter rows(database_, "PCPFTOF",
-        "NUMERO,ID,TIPO,INSUMO,COR,COR_I,PARTE,SETOR,FAIXA,APLICACAO,CONSUMO,CUSTO,SITUACAO");
+    TTableWriter rows(
+        database_, "PCPFTOF", "NUMERO,ID,TIPO,INSUMO,COR,COR_I,PARTE,SETOR,FAIXA,APLICACAO,CONSUMO,CUSTO,SITUACAO");
     for (const TOrder& order : orders_) {
         const auto sheet = SheetOf(*order.product->model);
         int id = 0;
         for (const std::string_view colour : order.colours) {
             for (const TSheetRow& row : sheet) {
                 const std::string_view worn = ColourOfPart(*order.product, colour, row.part).code;
-                rows.Row(order.number, ++id, demo::FindMaterial(row.line->material) ? "M" : "P", row.line->material, colour,
-                    ColourOf(*row.line, worn), row.part, row.sector, row.consumptionRange, row.line->application,
-                    row.quantity, row.price, "A");
+                rows.Row({order.number, ++id, demo::FindMaterial(row.line->material) ? "M" : "P", row.line->material,
+                    colour, ColourOf(*row.line, worn), row.part, row.sector, row.consumptionRange,
+                    row.line->application, row.quantity, row.price, "A"});
             }
         }
     }
@@ -46,8 +46,8 @@ void TDemoFactory::FillReservations()
 {
     constexpr std::size_t every = 6;
     TTableWriter materials(database_, "MAT_RESERVA", "NUMERO,MOV,CODIGO,COR,DEPOSITO,LOTE,QTDE,QTDE_B,DT_CAD,TIPO");
-    TTableWriter products(database_, "PED_RESERVA",
-        "NUMERO,RESERVA,CODIGO,COR,TAM,DEPOSITO,LOTE,QTDE,QTDE_B,QTDE_EXP,DT_CAD,TIPO");
+    TTableWriter products(
+        database_, "PED_RESERVA", "NUMERO,RESERVA,CODIGO,COR,TAM,DEPOSITO,LOTE,QTDE,QTDE_B,QTDE_EXP,DT_CAD,TIPO");
     for (std::size_t index = 0; index < orders_.size(); index += every) {
         const TOrder& order = orders_[index];
         std::map<std::pair<std::string_view, std::string_view>, double> needs;
@@ -67,10 +67,11 @@ void TDemoFactory::FillReservations()
                 if (lot.material != key.first || lot.colour != key.second || taken <= 0)
                     continue;
                 if (demo::FindMaterial(lot.material))
-                    materials.Row(order.number, 0, lot.material, lot.colour, lot.warehouse, lot.lot, taken, 0, reserved, "F");
+                    materials.Row(
+                        {order.number, 0, lot.material, lot.colour, lot.warehouse, lot.lot, taken, 0, reserved, "F"});
                 else
-                    products.Row(order.number, 0, lot.material, lot.colour, "0", lot.warehouse, lot.lot, taken, 0, 0,
-                        reserved, "F");
+                    products.Row({order.number, 0, lot.material, lot.colour, "0", lot.warehouse, lot.lot, taken, 0, 0,
+                        reserved, "F"});
                 lot.quantity -= taken;
                 need -= taken;
             }

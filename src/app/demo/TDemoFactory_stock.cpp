@@ -16,8 +16,8 @@ constexpr std::string_view commonLot = "000000";
 void TDemoFactory::FillProductStock()
 {
     TRandom random = Random("stock of products");
-    TTableWriter rows(database_, "PA_ITEN",
-        "CODIGO,COR,TAM,TIPO,DEPOSITO,LOTE,QUANTIDADE,BARRA,BARRA28,BARRACLI,COMPOSICAO");
+    TTableWriter rows(
+        database_, "PA_ITEN", "CODIGO,COR,TAM,TIPO,DEPOSITO,LOTE,QUANTIDADE,BARRA,BARRA28,BARRACLI,COMPOSICAO");
     int item = 0;
     for (const TProduct& product : products_) {
         const demo::TModel& model = *product.model;
@@ -27,16 +27,16 @@ void TDemoFactory::FillProductStock()
             for (const std::string_view size : demo::SizeRangeOf(model.range).sizes) {
                 ++item;
                 // A chain of children's shops labels with codes of its own.
-                const TValue clientCode
-                    = IsForChildren(model) ? TValue("PP" + Code(31000 + item, 8)) : TValue();
-                rows.Row(model.code, colour.code, size, "1", shippingWarehouse, commonLot,
-                    random.Chance(60) ? random.Between(1, 80) : 0, Ean13(item), "K" + Code(item, 5), clientCode, composition);
+                const TValue clientCode = IsForChildren(model) ? TValue("PP" + Code(31000 + item, 8)) : TValue();
+                rows.Row({model.code, colour.code, size, "1", shippingWarehouse, commonLot,
+                    random.Chance(60) ? random.Between(1, 80) : 0, Ean13(item), "K" + Code(item, 5), clientCode,
+                    composition});
                 if (random.Chance(15))
-                    rows.Row(model.code, colour.code, size, "1", finishedWarehouse, commonLot, random.Between(1, 24), nullptr,
-                        nullptr, nullptr, composition);
+                    rows.Row({model.code, colour.code, size, "1", finishedWarehouse, commonLot, random.Between(1, 24),
+                        nullptr, nullptr, nullptr, composition});
                 if (random.Chance(3))
-                    rows.Row(model.code, colour.code, size, "2", rejectsWarehouse, commonLot, random.Between(1, 4), nullptr,
-                        nullptr, nullptr, composition);
+                    rows.Row({model.code, colour.code, size, "2", rejectsWarehouse, commonLot, random.Between(1, 4),
+                        nullptr, nullptr, nullptr, composition});
             }
         }
     }
@@ -44,8 +44,8 @@ void TDemoFactory::FillProductStock()
         if (colour.code == demo::singleColour)
             continue;
         const int quantity = random.Between(80, 900);
-        rows.Row(demo::collar, colour.code, "0", "1", shippingWarehouse, commonLot, quantity, nullptr, nullptr, nullptr,
-            nullptr);
+        rows.Row({demo::collar, colour.code, "0", "1", shippingWarehouse, commonLot, quantity, nullptr, nullptr,
+            nullptr, nullptr});
         lots_.push_back({demo::collar, colour.code, std::string(commonLot), shippingWarehouse, double(quantity)});
     }
 }

@@ -1,6 +1,6 @@
 #include "app/demo/TDemoFactory.h"
-#include "platform/services/passwords.h"
 #include "platform/services/TEmptyDatabase.h"
+#include "platform/services/THashedPasswords.h"
 #include "platform/services/TTableWriter.h"
 
 #include <algorithm>
@@ -29,8 +29,8 @@ constexpr auto accounts = std::to_array<TAccount>({
     {"MARIA", "supervisora da produção", "1", true, "00000002", "01,02,03,05,06", everything, "01"},
     {"JOAO", "inspetor de qualidade", "0", false, "00000003", "03", "01,03,05", {}},
     {"CELIA", "pagadora das facções", "0", false, "00000004", "04,02.01", "02,04,05", {}},
-    {"DIRCEU", "costura na facção Irmãs Zancanaro e só vê o que está lá", "0", false, "00000900", "01.01", "01.01,05.01",
-        {}},
+    {"DIRCEU", "costura na facção Irmãs Zancanaro e só vê o que está lá", "0", false, "00000900", "01.01",
+        "01.01,05.01", {}},
     {"PAULO", "consulta da diretoria", "0", false, "00000006", {}, everything, {}},
 });
 
@@ -66,36 +66,37 @@ const std::vector<TDemoUser>& TDemoFactory::Users()
 void TDemoFactory::FillUsers()
 {
     TTableWriter(database_, "PESSOAL", "CODIGO,NOME,CODCLI,TEMPO_DIARIO")
-        .Row("00000900", "Dirceu Zancanaro", workshopOfDirceu, 528);
+        .Row({"00000900", "Dirceu Zancanaro", workshopOfDirceu, 528});
 
     // All have the same password, so that one slow hash serves them all.
-    const std::string password = HashPassword(Password);
+    const std::string password = THashedPasswords().Hash(Password);
     TTableWriter rows(database_, "ACESSO_USUARIOS", "CODIGO,NOME,SENHA,TIPO,SUPERVISOR,BLOQUEADO,CODFUN");
     TTableWriter warehouses(database_, "VENDA_CAIXA", "USUARIO,DEPOSITO");
     for (const TAccount& account : accounts) {
-        rows.Row(account.name, account.name, password, account.kind, account.supervisor ? "S" : "N", "N",
-            account.employee.empty() ? TValue() : TValue(account.employee));
+        rows.Row({account.name, account.name, password, account.kind, account.supervisor ? "S" : "N", "N",
+            account.employee.empty() ? TValue() : TValue(account.employee)});
         if (!account.warehouse.empty())
-            warehouses.Row(account.name, account.warehouse);
+            warehouses.Row({account.name, account.warehouse});
     }
 
     TTableWriter sectors(database_, "ACESSO_SETOR", "TIPO,CODIGO,SETOR");
-    sectors.Row("F", "00000005", "01");
-    sectors.Row("F", "00000005", "02");
+    sectors.Row({"F", "00000005", "01"});
+    sectors.Row({"F", "00000005", "02"});
 }
 
 /// The menu and what each user may do at each of its entries.
 void TDemoFactory::FillRights()
 {
     WriteScreenMenu(database_);
-    const TTableData menu = database_.Open("SELECT NIVEL FROM {ACESSO_MENU} ORDER BY NIVEL");
+    const TTableData menu = database_.Open({"SELECT NIVEL FROM {ACESSO_MENU} ORDER BY NIVEL"});
     TTableWriter rows(database_, "ACESSO", "USUARIO,LOCAL,ALTERA,EXCLUI,CONSULTA");
     for (const TAccount& account : accounts) {
         for (std::size_t row = 0; row < menu.RowCount(); ++row) {
             const std::string_view level = menu.Column(0).Text(row);
             const bool changes = Covers(account.changes, level);
             const bool deletes = changes && (account.supervisor || account.name == "ANA");
-            rows.Row(account.name, level, Right(changes), Right(deletes), Right(changes || Covers(account.consults, level)));
+            rows.Row({account.name, level, Right(changes), Right(deletes),
+                Right(changes || Covers(account.consults, level))});
         }
     }
 }

@@ -22,8 +22,7 @@ constexpr auto sectors = std::to_array<TSector>({
         "BAIXAPARCIAL,INVENTARIO,IMP_FLUXO"},
     {"07", "COSTURA JEANS", SewingJeans, "05", "FACCAO", 2, 5.10, 8, 5, 600,
         "BAIXAPARCIAL,BAIXAMOV,INVENTARIO,IMP_FLUXO"},
-    {"08", "COSTURA MODA PRAIA", SewingBeach, "05", "FACCAO", 1, 3.10, 6, 5, 650,
-        "BAIXAPARCIAL,INVENTARIO,IMP_FLUXO"},
+    {"08", "COSTURA MODA PRAIA", SewingBeach, "05", "FACCAO", 1, 3.10, 6, 5, 650, "BAIXAPARCIAL,INVENTARIO,IMP_FLUXO"},
     {"09", "CASEADO E BOTÃO", Buttonhole, "05", "FACCAO", 1, 0.42, 2, 5, 1500, "BAIXAPARCIAL,INVENTARIO,IMP_FLUXO"},
     {"10", "LAVANDERIA", Laundry, "10", "BENEF", 3, 1.85, 5, 6, 1600, "ALT_PRECO,INVENTARIO,IMP_FLUXO",
         "Lote inteiro na mesma lavagem, para não variar o tom"},
@@ -161,8 +160,8 @@ const TMake& MakeOf(std::string_view name)
 
 std::string_view SectorOfStage(const TFlow& flow, TStage stage)
 {
-    const auto found = std::ranges::find_if(
-        flow.sectors, [&](std::string_view code) { return TakesPlace(stage, SectorOf(code)); });
+    const auto found
+        = std::ranges::find_if(flow.sectors, [&](std::string_view code) { return TakesPlace(stage, SectorOf(code)); });
     return found == flow.sectors.end() ? std::string_view() : *found;
 }
 

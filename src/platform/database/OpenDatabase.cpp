@@ -2,11 +2,14 @@
 
 #include "host/EDatabaseError.h"
 #include "platform/database/firebird/TFirebirdDatabase.h"
+#include "platform/database/postgresql/TPostgreSqlDatabase.h"
 
 #include <filesystem>
 
 namespace alinhavo {
 namespace {
+
+bool IsPostgreSql(const TDatabaseAddress& address) { return address.server == TDatabaseServer::PostgreSql; }
 
 [[noreturn]] void RaiseCannotCopy()
 {
@@ -25,26 +28,36 @@ void CopyFile(const TDatabaseAddress& from, const TDatabaseAddress& to)
 
 std::unique_ptr<TSqlDatabase> OpenDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
+    if (IsPostgreSql(address))
+        return std::make_unique<postgresql::TPostgreSqlDatabase>(address, options);
     return std::make_unique<firebird::TFirebirdDatabase>(address, options);
 }
 
 void CreateDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
+    if (IsPostgreSql(address))
+        return postgresql::Create(address);
     firebird::Create(address, options);
 }
 
 bool DatabaseExists(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
+    if (IsPostgreSql(address))
+        return postgresql::Exists(address);
     return firebird::Exists(address, options);
 }
 
 void DropDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
+    if (IsPostgreSql(address))
+        return postgresql::Drop(address);
     firebird::Drop(address, options);
 }
 
 void CopyDatabase(const TDatabaseAddress& from, const TDatabaseAddress& to)
 {
+    if (IsPostgreSql(from) && IsPostgreSql(to))
+        return postgresql::Copy(from, to);
     if (!from.IsEmbedded() || !to.IsEmbedded())
         RaiseCannotCopy();
     CopyFile(from, to);

@@ -52,6 +52,8 @@ public:
     virtual std::string CreateIndex(const TTableDecl& table, const TIndexDecl& index) const = 0;
     /// The name of a key, index or foreign key of the company's table, from its logical one.
     virtual std::string LocalConstraint(const TTableDecl& table, std::string_view constraint) const = 0;
+    /// Statements that come before the tables are created; they may be run again.
+    virtual std::vector<std::string> Preparations() const { return {}; }
     /// Columns TABLE_NAME and COLUMN_NAME: all columns of the company's tables and the global ones, as the server names them.
     virtual std::string ExistingColumns() const = 0;
     /// Column NAME: the keys, indexes and foreign keys that exist, as the server names them.

@@ -263,7 +263,7 @@ TListAggregate TTranslator::ReadList(TTokens inside)
     if (list.distinct && !list.keys.empty())
         RaiseSyntax("a LIST of distinct elements is in their own order");
     if (list.distinct)
-        list.keys.push_back({list.expression, IsNumericKey(expression), false});
+        list.keys.push_back({.expression = list.expression});
     return list;
 }
 

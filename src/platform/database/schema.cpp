@@ -168,6 +168,10 @@ void MigrateSchema(TSqlDatabase& database)
     if (stored > CurrentSchemaVersion)
         throw EDatabaseError(TDatabaseErrorKind::Other, "O banco de dados é de uma versão mais nova do programa.");
 
+    for (const auto& preparation : database.Dialect().Preparations())
+        database.ExecText(preparation);
+    database.CommitRetaining();
+
     TSchemaBuilder builder(database);
     builder.CreateTables({&versionTable, 1});
     builder.CreateTables(Tables());

@@ -61,22 +61,22 @@ void WriteScreenMenu(TOrvDatabase& database)
 {
     TTableWriter entries(database, "ACESSO_MENU", "NIVEL,DESCRICAO,NOME_FORM");
     for (const TMenuEntry& entry : menu)
-        entries.Row(entry.level, entry.caption, entry.screen.empty() ? TValue() : TValue(entry.screen));
+        entries.Row({entry.level, entry.caption, entry.screen.empty() ? TValue() : TValue(entry.screen)});
 }
 
 void GrantEveryRight(TOrvDatabase& database, std::string_view user)
 {
     TTableWriter rights(database, "ACESSO", "USUARIO,LOCAL,ALTERA,EXCLUI,CONSULTA");
     for (const TMenuEntry& entry : menu)
-        rights.Row(user, entry.level, "Sim", "Sim", "Sim");
+        rights.Row({user, entry.level, "Sim", "Sim", "Sim"});
 }
 
 void FillEmptyDatabase(TOrvDatabase& database)
 {
-    TTableWriter(database, "EMPRESA", "EMP_PAT,EMP_NOME,EMP_PERC_MO1,EMP_PERC_MO2").Row("01", "Empresa 01", 0, 0);
+    TTableWriter(database, "EMPRESA", "EMP_PAT,EMP_NOME,EMP_PERC_MO1,EMP_PERC_MO2").Row({"01", "Empresa 01", 0, 0});
     WriteScreenMenu(database);
     TTableWriter(database, "ACESSO_USUARIOS", "CODIGO,NOME,TIPO,SUPERVISOR,BLOQUEADO")
-        .Row("ADMIN", "ADMIN", "1", "S", "N");
+        .Row({"ADMIN", "ADMIN", "1", "S", "N"});
     GrantEveryRight(database, "ADMIN");
     database.CommitRetaining();
 }

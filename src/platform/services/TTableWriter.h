@@ -4,7 +4,6 @@
 
 #include <initializer_list>
 #include <string_view>
-#include <utility>
 
 namespace alinhavo {
 
@@ -14,14 +13,13 @@ public:
     /// `columns` is a comma-separated list of column names.
     TTableWriter(TOrvDatabase& database, std::string_view table, std::string_view columns);
 
-    /// One value for each column, in their order. Commits nothing.
-    void Row(auto&&... values) { Insert({TValue(std::forward<decltype(values)>(values))...}); }
+    /// One value for each column, in their order. The braces see to it that values are computed in that order, too. Commits
+    /// nothing.
+    void Row(std::initializer_list<TValue> values);
 
     int RowCount() const { return rows_; }
 
 private:
-    void Insert(std::initializer_list<TValue> values);
-
     TOrvDatabase& database_;
     TStatement head_; ///< up to the values
     int rows_ = 0;

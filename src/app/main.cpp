@@ -1,0 +1,37 @@
+#include "app/command_demo.h"
+
+#include <CLI/CLI.hpp>
+
+namespace {
+
+using namespace alinhavo;
+
+/// An option that takes a day, DD/MM/AAAA.
+CLI::Option* AddDay(CLI::App& command, const std::string& name, TDateTime& day, const std::string& help)
+{
+    return command.add_option_function<std::string>(
+        name,
+        [&day, name](const std::string& text) {
+            day = TDateTime::Parse(text);
+            if (day.IsBlank())
+                throw CLI::ValidationError(name, "\"" + text + "\" não é uma data.");
+        },
+        help);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app{"Alinhavo: controle da produção em facções."};
+    app.require_subcommand(1);
+
+    TDemoOptions demo;
+    CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
+    demoCommand.add_option("--banco", demo.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
+    demoCommand.add_option("--semente", demo.seed, "Número que decide o que é sorteado.")->capture_default_str();
+    AddDay(demoCommand, "--hoje", demo.today, "Dia de que as datas são contadas, DD/MM/AAAA.");
+
+    CLI11_PARSE(app, argc, argv);
+    return RunDemo(demo);
+}

@@ -1,0 +1,320 @@
+#include "platform/database/postgresql/TPostgreSqlDatabase.h"
+
+#include "forms/numbers.h"
+#include "forms/text.h"
+#include "host/EDatabaseError.h"
+#include "platform/database/databaseErrors.h"
+#include "platform/database/postgresql/postgresqlResult.h"
+#include "platform/database/postgresql/TPostgreSqlDialect.h"
+#include "platform/database/sqlValues.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+namespace alinhavo::postgresql {
+namespace {
+
+constexpr std::size_t CachedStatements = 300;
+constexpr const char* AdministrationDatabase = "postgres";
+
+bool FitsInt4(std::int64_t number)
+{
+    return number >= std::numeric_limits<std::int32_t>::min() && number <= std::numeric_limits<std::int32_t>::max();
+}
+
+Oid TypeOf(const TValue& value)
+{
+    if (value.IsInteger())
+        return FitsInt4(value.AsInteger()) ? oid::Int4 : oid::Int8;
+    if (value.IsFloat())
+        return oid::Float8;
+    if (value.IsDate())
+        return value.AsDateTime().HasHour() ? oid::Timestamp : oid::Date;
+    return oid::Unknown;
+}
+
+std::string TextOf(const TValue& value)
+{
+    if (value.IsText()) {
+        auto text = value.Text().substr(0, value.Text().find_last_not_of(' ') + 1);
+        CheckText(text);
+        return text;
+    }
+    return value.IsDate() ? value.AsDateTime().SqlText() : value.AsString();
+}
+
+TParameters ParametersOf(const std::vector<TValue>& values)
+{
+    TParameters parameters;
+    parameters.texts.reserve(values.size());
+    for (const auto& value : values) {
+        parameters.texts.push_back(value.IsNull() ? std::string() : TextOf(value));
+        parameters.pointers.push_back(value.IsNull() ? nullptr : parameters.texts.back().c_str());
+    }
+    return parameters;
+}
+
+/// Which statement is prepared for these values: one text may stand for several, by the kinds of its values.
+std::string KeyOf(const std::string& sql, const std::vector<TValue>& values)
+{
+    std::string key = sql;
+    key += '\0';
+    for (const auto& value : values)
+        key += static_cast<char>('A' + TypeOf(value) % 64);
+    return key;
+}
+
+/// The server did not find out what the values are.
+bool IsOfTyping(const std::string& state)
+{
+    constexpr std::array states{"42P18", "42883", "42804", "42P08", "42725", "42846"};
+    return std::ranges::find(states, state) != states.end();
+}
+
+[[noreturn]] void RaiseNotOpened(const TDatabaseAddress& address)
+{
+    throw EDatabaseError(
+        TDatabaseErrorKind::Connection, "Não foi possível abrir o banco de dados " + address.Text() + ".");
+}
+
+TPostgreSqlConnection Administration(const TDatabaseAddress& address)
+{
+    try {
+        return TPostgreSqlConnection(address.uri, AdministrationDatabase);
+    } catch (const EPostgreSql&) {
+        RaiseNotOpened(address);
+    }
+}
+
+void Administrate(const TDatabaseAddress& address, auto command)
+{
+    auto connection = Administration(address);
+    try {
+        connection.Execute(command(connection));
+    } catch (const EPostgreSql& failure) {
+        if (failure.State() == "42P04")
+            throw EDatabaseError(TDatabaseErrorKind::Duplicate, "the database exists already");
+        RaiseDatabaseError(failure);
+    }
+}
+
+} // namespace
+
+TPostgreSqlDatabase::TPostgreSqlDatabase(TDatabaseAddress address, const TDatabaseOptions& options)
+    : TSqlDatabase(std::make_unique<TPostgreSqlDialect>(options.company), options.lockWait)
+    , address_(std::move(address))
+    , statements_(CachedStatements)
+{
+    EnsureConnected();
+}
+
+void TPostgreSqlDatabase::EnsureConnected()
+{
+    if (connection_ && connection_->IsAlive())
+        return;
+    ForgetTranslations();
+    dropped_.clear();
+    try {
+        connection_.emplace(address_.uri);
+        const auto wait = std::max<long long>(1, std::chrono::milliseconds(LockWait()).count());
+        connection_->Execute("SET lock_timeout = " + std::to_string(wait)
+            + "; SET datestyle = 'ISO, MDY'; SET standard_conforming_strings = on; SET jit = off;"
+              " SET default_transaction_isolation = 'read committed';"
+              " SET search_path = alinhavo, pg_catalog, emp"
+            + LowerName(Dialect().Company()) + ", public");
+    } catch (const EPostgreSql& failure) {
+        connection_.reset();
+        Tell(failure.what());
+        RaiseNotOpened(address_);
+    }
+}
+
+void TPostgreSqlDatabase::RaiseFailure(const EPostgreSql& failure)
+{
+    Tell(failure.what());
+    if (!connection_->IsAlive())
+        NoteNothingPending();
+    RaiseDatabaseError(failure);
+}
+
+std::int64_t TPostgreSqlDatabase::RunAtServer(
+    const std::string& sql, const std::vector<TValue>& values, TTableData* result)
+{
+    auto& prepared = Prepared(sql, values);
+    const auto kind = prepared.sql.kind;
+    const auto answer = RunTyped(prepared, values);
+    const std::string_view count = PQcmdTuples(answer.get());
+    std::int64_t touched = 0;
+    std::from_chars(count.data(), count.data() + count.size(), touched);
+    NoteDone(kind, touched > 0 || kind == TSqlKind::Definition);
+    if (result)
+        *result = ReadResult(*answer);
+    return kind == TSqlKind::Read ? 0 : touched;
+}
+
+TPostgreSqlDatabase::TPrepared& TPostgreSqlDatabase::Prepared(const std::string& sql, const std::vector<TValue>& values)
+{
+    const auto key = KeyOf(sql, values);
+    if (auto* known = statements_.Find(key))
+        return *known;
+    TPrepared prepared;
+    prepared.sql = Dialect().Translate(sql);
+    return statements_.Add(key, std::move(prepared));
+}
+
+TResultPtr TPostgreSqlDatabase::RunTyped(TPrepared& prepared, const std::vector<TValue>& values)
+{
+    std::optional<EPostgreSql> first;
+    for (const auto typing : {TTyping::ByValue, TTyping::ByPlace, TTyping::Strict}) {
+        if (!prepared.name)
+            prepared.typing = typing;
+        try {
+            return RunGuarded(prepared, values);
+        } catch (const EPostgreSql& failure) {
+            if (connection_->IsAlive())
+                UndoStatement(prepared.sql.kind);
+            if (prepared.name || !IsOfTyping(failure.State()))
+                RaiseFailure(failure);
+            if (!first)
+                first = failure;
+        }
+    }
+    RaiseFailure(*first);
+}
+
+TResultPtr TPostgreSqlDatabase::RunGuarded(TPrepared& prepared, const std::vector<TValue>& values)
+{
+    const auto parameters = ParametersOf(values);
+    for (const auto& name : std::exchange(dropped_, {}))
+        connection_->Queue(("DEALLOCATE " + name).c_str());
+    QueueGuard(prepared.sql.kind);
+    if (prepared.name) {
+        connection_->QueueRun(prepared.name->Text(), parameters);
+        return connection_->Flush();
+    }
+
+    const auto name = "s" + std::to_string(++lastName_);
+    const int before = connection_->QueueLength();
+    connection_->QueuePrepare(name, prepared.sql.text, TypesOf(values, prepared.typing));
+    connection_->QueueRun(name, parameters);
+    try {
+        auto answer = connection_->Flush();
+        prepared.name = std::make_unique<TServerName>(name, dropped_);
+        return answer;
+    } catch (const EPostgreSql& failure) {
+        if (failure.Done() > before)
+            prepared.name = std::make_unique<TServerName>(name, dropped_);
+        throw;
+    }
+}
+
+std::vector<Oid> TPostgreSqlDatabase::TypesOf(const std::vector<TValue>& values, TTyping typing)
+{
+    std::vector<Oid> types;
+    for (const auto& value : values) {
+        const bool isStrictText = typing == TTyping::Strict && value.IsText();
+        types.push_back(typing == TTyping::ByPlace ? oid::Unknown : isStrictText ? oid::Text : TypeOf(value));
+    }
+    return types;
+}
+
+void TPostgreSqlDatabase::QueueGuard(TSqlKind kind)
+{
+    if (!Pending()) {
+        if (kind != TSqlKind::Read)
+            connection_->Queue("BEGIN");
+        return;
+    }
+    if (savepoint_ == TSavepoint::Fresh)
+        return;
+    if (savepoint_ == TSavepoint::Used)
+        connection_->Queue("RELEASE SAVEPOINT s");
+    connection_->Queue("SAVEPOINT s");
+    savepoint_ = TSavepoint::Fresh;
+}
+
+void TPostgreSqlDatabase::UndoStatement(TSqlKind kind)
+{
+    if (Pending())
+        Command("ROLLBACK TO SAVEPOINT s");
+    else if (kind != TSqlKind::Read)
+        Command("ROLLBACK");
+}
+
+void TPostgreSqlDatabase::NoteDone(TSqlKind kind, bool touched)
+{
+    if (kind == TSqlKind::Read)
+        return;
+    if (!touched) {
+        if (!Pending())
+            Command("ROLLBACK");
+        return;
+    }
+    savepoint_ = Pending() ? TSavepoint::Used : TSavepoint::None;
+    NotePending();
+}
+
+void TPostgreSqlDatabase::Command(const char* command)
+{
+    try {
+        connection_->Queue(command);
+        connection_->Flush();
+    } catch (const EPostgreSql& failure) {
+        RaiseFailure(failure);
+    }
+}
+
+void TPostgreSqlDatabase::CommitAtServer() { Command("COMMIT"); }
+
+void TPostgreSqlDatabase::RollbackAtServer()
+{
+    if (connection_->IsAlive())
+        Command("ROLLBACK");
+}
+
+void TPostgreSqlDatabase::CancelAtServer() { connection_->Cancel(); }
+
+// The signal may be on its way still: a statement without effect draws it.
+void TPostgreSqlDatabase::ForgetCancel()
+{
+    try {
+        RunAtServer("SELECT 1", {}, nullptr);
+    } catch (const EDatabaseError&) {
+        return;
+    }
+}
+
+void TPostgreSqlDatabase::ForgetTranslations() { statements_.Clear(); }
+
+void Create(const TDatabaseAddress& address)
+{
+    Administrate(address, [&](const TPostgreSqlConnection& connection) {
+        return "CREATE DATABASE " + connection.Quoted(address.name)
+            + " TEMPLATE template0 ENCODING 'UTF8' LOCALE 'C.UTF-8' LOCALE_PROVIDER icu ICU_LOCALE 'und'";
+    });
+}
+
+bool Exists(const TDatabaseAddress& address)
+{
+    auto connection = Administration(address);
+    connection.QueuePrepare("", "SELECT 1 FROM pg_database WHERE datname = $1", {});
+    connection.QueueRun("", {{address.name}, {address.name.c_str()}});
+    return PQntuples(connection.Flush().get()) > 0;
+}
+
+void Drop(const TDatabaseAddress& address)
+{
+    Administrate(address,
+        [&](const TPostgreSqlConnection& connection) { return "DROP DATABASE " + connection.Quoted(address.name); });
+}
+
+void Copy(const TDatabaseAddress& from, const TDatabaseAddress& to)
+{
+    Administrate(to, [&](const TPostgreSqlConnection& connection) {
+        return "CREATE DATABASE " + connection.Quoted(to.name) + " TEMPLATE " + connection.Quoted(from.name);
+    });
+}
+
+} // namespace alinhavo::postgresql
