@@ -78,7 +78,6 @@ void TfmFacMov::edtSetorProxExit()
         edtSetorProx.SetText("");
         return edtSetorProx.SetFocus();
     }
-    BuscaEmpDestPrincipal();
     Proximo_Mov(edtOFNum.text(), proximo);
 }
 
