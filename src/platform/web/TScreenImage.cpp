@@ -73,7 +73,8 @@ json TScreenImage::Differences(TControlImage& image, const TControl& control)
 {
     json differences = json::object();
     std::vector<std::pair<std::string, std::size_t>> values;
-    for (const auto& [name, value] : TProperties(control).All()) {
+    const TProperties properties(control);
+    for (const auto& [name, value] : properties.All()) {
         values.emplace_back(name, HashOf(value));
         if (std::ranges::find(image.values, values.back()) == image.values.end())
             differences[name] = value;
