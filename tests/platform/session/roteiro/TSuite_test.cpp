@@ -139,7 +139,7 @@ TEST_P(RoteiroSuite, FindsTheStoriesOfAFolderAndNotWhatTheyShare)
 }
 
 INSTANTIATE_TEST_SUITE_P(On, RoteiroSuite, ::testing::Values(TDatabaseServer::Firebird, TDatabaseServer::PostgreSql),
-    [](const auto& info) { return info.param == TDatabaseServer::Firebird ? "Firebird" : "PostgreSql"; });
+    [](const auto& test) { return test.param == TDatabaseServer::Firebird ? "Firebird" : "PostgreSql"; });
 
 } // namespace
 } // namespace alinhavo::roteiro
