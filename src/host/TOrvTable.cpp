@@ -100,7 +100,7 @@ void TOrvTable::Refresh()
 void TOrvTable::Restrict(std::string_view columns, const std::vector<TValue>& values)
 {
     CheckBrowse();
-    restrictedColumns_ = Explode(columns, ";");
+    restrictedColumns_ = Explode(UpperCase(columns), ";");
     restrictedValues_ = values;
     ForgetRows();
 }
@@ -114,7 +114,7 @@ bool TOrvTable::Locate(std::string_view columns, const std::vector<TValue>& valu
 
     CheckBrowse();
     auto sql = Rows();
-    AddConditions(sql, Explode(columns, ";"), values, restrictedColumns_.empty());
+    AddConditions(sql, Explode(UpperCase(columns), ";"), values, restrictedColumns_.empty());
     auto found = database_.Open(sql);
     if (found.RowCount() == 0)
         return false;
