@@ -1,0 +1,7 @@
+#include "app/screens.h"
+
+namespace alinhavo {
+
+void RegisterScreens(TApplication&) { }
+
+} // namespace alinhavo
