@@ -1,7 +1,6 @@
 #include "app/screens.h"
 
 #include "forms/TApplication.h"
-#include "host/TfmLog.h"
 #include "movement/TfmFacMov.h"
 
 #include <memory>
