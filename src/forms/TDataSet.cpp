@@ -74,6 +74,11 @@ void TDataSet::Register(TField& field)
     if (!fieldsByName_.emplace(UpperCase(field.name_), &field).second)
         throw std::logic_error(Name() + " has a field " + field.name_ + " already");
     fields_.push_back(&field);
+    Bind(field);
+}
+
+void TDataSet::Bind(TField& field)
+{
     const int column = rows_->Data().FindColumn(field.name_);
     field.column_
         = column >= 0 ? static_cast<std::size_t>(column) : rows_->AddColumn(field.name_, field.kind_, field.size_);
@@ -125,11 +130,8 @@ void TDataSet::BindFields()
         const int column = rows_->Data().FindColumn(field->name_);
         return column < 0 || rows_->Data().Column(static_cast<std::size_t>(column)).Kind() != field->kind_;
     });
-    for (TField* field : fields_) {
-        const int column = rows_->Data().FindColumn(field->name_);
-        field->column_ = column >= 0 ? static_cast<std::size_t>(column)
-                                     : rows_->AddColumn(field->name_, field->kind_, field->size_);
-    }
+    for (TField* field : fields_)
+        Bind(*field);
     if (makesFields_)
         MakeFields();
 }
@@ -284,6 +286,12 @@ void TDataSet::AttachTo(std::shared_ptr<TRows> rows)
 std::size_t TDataSet::Bytes() const { return rows_->Bytes() + view_.Bytes(); }
 
 // ---- Notices
+
+void TDataSet::AddListener(IDataSetListener& listener)
+{
+    listeners_.push_back(&listener);
+    ListenerAdded();
+}
 
 TDataSet::TControlsOff::TControlsOff(TDataSet& dataset)
     : dataset_(dataset)

@@ -20,7 +20,8 @@ public:
     template <typename TOwner>
     void connect(TOwner* owner, void (TOwner::*handler)(TArguments...))
     {
-        handler_ = [owner, handler](TArguments... arguments) { (owner->*handler)(std::forward<TArguments>(arguments)...); };
+        handler_
+            = [owner, handler](TArguments... arguments) { (owner->*handler)(std::forward<TArguments>(arguments)...); };
     }
     void connect(std::function<void(TArguments...)> handler) { handler_ = std::move(handler); }
     void disconnect() { handler_ = nullptr; }

@@ -1,5 +1,7 @@
 #include "forms/TFieldControl.h"
 
+#include "forms/TApplication.h"
+
 namespace alinhavo {
 
 TFieldControl::TFieldControl(TContainer& parent, std::string name, TControlOptions options)
@@ -20,7 +22,9 @@ void TFieldControl::Bind(TDataSet& dataset, std::string_view field)
     dataset_ = &dataset;
     fieldName_ = field;
     dataset.AddListener(*this);
-    DataSetCursorChanged();
+    touched_ = false;
+    Refresh();
+    Changed();
 }
 
 void TFieldControl::Unbind()
@@ -81,7 +85,7 @@ void TFieldControl::DataSetCursorChanged()
     if (writing_)
         return;
     touched_ = false;
-    Refresh();
+    RefreshGuarded();
     Changed();
 }
 
@@ -89,7 +93,13 @@ void TFieldControl::DataSetCursorChanged()
 void TFieldControl::DataSetRowChanged()
 {
     if (!writing_ && !touched_)
-        Refresh();
+        RefreshGuarded();
+}
+
+/// A dataset's listener may not throw, the control's OnChange may.
+void TFieldControl::RefreshGuarded()
+{
+    Form().Application().Guarded([this] { Refresh(); });
 }
 
 void TFieldControl::Refresh()

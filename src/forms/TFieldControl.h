@@ -42,6 +42,7 @@ private:
     void DataSetRowChanged() override;
     void WriteTouched();
     void Refresh();
+    void RefreshGuarded();
     bool Writable() const;
 
     TDataSet* dataset_ = nullptr;

@@ -37,10 +37,10 @@ void TGrid::GoToCell(std::int64_t row, int column)
 /// The row of the cell is in edit afterwards; an empty grid gets its first row.
 void TGrid::BeginEdit()
 {
-    if (!HasRows() && !dataset_->IsEditing())
-        dataset_->Append();
-    else if (!dataset_->IsEditing())
+    if (HasRows())
         dataset_->Edit();
+    else
+        dataset_->Append();
 }
 
 void TGrid::CommitInput()
@@ -73,12 +73,8 @@ void TGrid::SetTick(bool checked)
 void TGrid::Exit()
 {
     CommitInput();
-    if (onExit_ == TGridExit::PostsRow && !ReadOnly() && dataset_ && dataset_->IsEditing()) {
-        if (IsUntouchedNewRow())
-            dataset_->Cancel();
-        else
-            dataset_->Post();
-    }
+    if (onExit_ == TGridExit::PostsRow && !ReadOnly() && dataset_)
+        dataset_->CheckBrowse();
     OnExit();
 }
 
@@ -263,12 +259,12 @@ bool TGrid::KeyEffect(const TKey& key)
 
 bool TGrid::EnterKey()
 {
-    if (!HasRows() && !dataset_->IsEditing())
+    if (!HasRows())
         return false;
-    if (!ReadOnly())
-        dataset_->Post();
     if (!AtLastRow())
         dataset_->Next();
+    else if (!ReadOnly())
+        dataset_->CheckBrowse();
     return true;
 }
 
@@ -304,12 +300,7 @@ bool TGrid::DownKey()
 
 bool TGrid::UpKey()
 {
-    if (!HasRows())
-        return true;
-    if (IsUntouchedNewRow() && AtLastRow())
-        dataset_->Cancel();
-    else
-        dataset_->Prior();
+    dataset_->Prior();
     return true;
 }
 

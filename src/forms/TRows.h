@@ -40,7 +40,6 @@ public:
     /// Numbers handed out so far: the bound of a loop over all rows.
     TRowNumber Bound() const { return static_cast<TRowNumber>(places_.size()); }
     bool IsAlive(TRowNumber row) const { return row < places_.size() && places_[row] != Gone; }
-    std::size_t Count() const { return alive_; }
     bool ArrivedBefore(TRowNumber left, TRowNumber right) const
     {
         return places_[left] != places_[right] ? places_[left] < places_[right] : left < right;

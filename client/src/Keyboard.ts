@@ -1,0 +1,159 @@
+import type { Action } from "./Connection";
+import { isBrowsers, isPaste, keyName, typedText } from "./keys";
+
+/** What has the focus: a control or a dialog. */
+export interface Receiver {
+    /** The browser does with the key what is to be done: it edits the field. */
+    keeps(key: string): boolean;
+    /** `fresh`: pressed while this could be seen, not held back from before. */
+    press(key: string, fresh: boolean): void;
+    type(text: string): void;
+    /** The focus comes to it. */
+    enter(): void;
+    /** It has the focus and the browser's is elsewhere. */
+    refocus(): void;
+    hasFocus(): boolean;
+}
+
+interface Surroundings {
+    /** An answer is under way that may move the focus. */
+    waiting(): boolean;
+    receiver(): Receiver | null;
+    /** Another text when the focus is elsewhere. */
+    place(): string;
+}
+
+/** After everything that the changes of the screen have set going. */
+const afterRendering = () =>
+    new Promise<void>((resolve) => {
+        const channel = new MessageChannel();
+        channel.port1.onmessage = () => {
+            channel.port1.close();
+            resolve();
+        };
+        channel.port2.postMessage(null);
+    });
+
+/**
+ * Brings what the user does at the keyboard and with the mouse to what has the focus. While an answer is under way that may move the
+ * focus, it holds everything back, in its order, and afterwards does it where the focus then is. What is typed meanwhile goes
+ * into a field of its own that nobody sees, so that the browser composes accented letters and pastes as it always does.
+ */
+export class Keyboard {
+    private held: Action[] = [];
+    private replaying = false;
+    private composing = false;
+    private place = "";
+    private readonly catcher = document.createElement("input");
+
+    constructor(private readonly surroundings: Surroundings) {}
+
+    listen(document: Document): void {
+        this.catcher.className = "catcher";
+        this.catcher.tabIndex = -1;
+        this.catcher.autocomplete = "off";
+        this.catcher.setAttribute("aria-hidden", "true");
+        document.body.append(this.catcher);
+        this.catcher.addEventListener("input", () => this.caught());
+        this.catcher.addEventListener("compositionend", () => this.caught());
+        document.addEventListener("compositionstart", () => (this.composing = true), true);
+        document.addEventListener("compositionend", () => this.composed(), true);
+        document.addEventListener("keydown", (event) => this.keyDown(event), true);
+        for (const type of ["pointerdown", "mousedown", "pointerup", "mouseup", "click", "dblclick", "contextmenu"])
+            document.addEventListener(type, (event) => this.mouse(event), true);
+    }
+
+    /** An answer came. */
+    settle(): void {
+        void this.replay();
+    }
+
+    /** Was not carried out: to be done before what is held. */
+    putBack(actions: readonly Action[]): void {
+        this.held.unshift(...actions);
+    }
+
+    private get holding(): boolean {
+        return this.replaying || this.held.length > 0 || this.surroundings.waiting();
+    }
+
+    private keyDown(event: KeyboardEvent): void {
+        if (event.isComposing || event.metaKey) return;
+        if (this.holding) this.hold(event);
+        else this.pass(event);
+    }
+
+    private hold(event: KeyboardEvent): void {
+        const key = keyName(event);
+        if (event.key === "Dead" || (key !== null && (typedText(key) !== null || isPaste(key)))) {
+            this.catcher.focus({ preventScroll: true });
+        } else if (key !== null) {
+            event.preventDefault();
+            this.held.push({ kind: "key", key });
+        }
+    }
+
+    private pass(event: KeyboardEvent): void {
+        const receiver = this.surroundings.receiver();
+        if (receiver && !receiver.hasFocus()) receiver.refocus();
+        const key = keyName(event);
+        if (key === null || isBrowsers(key) || receiver?.keeps(key)) return;
+        event.preventDefault();
+        receiver?.press(key, true);
+    }
+
+    private caught(): void {
+        if (this.composing || this.catcher.value === "") return;
+        this.held.push({ kind: "text", text: this.catcher.value });
+        this.catcher.value = "";
+    }
+
+    private composed(): void {
+        this.composing = false;
+        this.caught();
+        this.settle();
+    }
+
+    /** A click is held back like a key; it is for what was clicked, or for nothing. */
+    private mouse(event: Event): void {
+        if (!this.holding || !event.isTrusted) return;
+        event.preventDefault();
+        event.stopPropagation();
+        if (event.type === "click" && event.target instanceof HTMLElement)
+            this.held.push({ kind: "click", target: event.target });
+    }
+
+    private async replay(): Promise<void> {
+        if (this.replaying) return;
+        this.replaying = true;
+        for (;;) {
+            await afterRendering();
+            if (this.composing || this.surroundings.waiting()) break;
+            this.caught();
+            const receiver = this.surroundings.receiver();
+            this.moveFocus(receiver);
+            const action = this.held.shift();
+            if (!action) break;
+            if (receiver) perform(action, receiver);
+        }
+        this.replaying = false;
+    }
+
+    private moveFocus(receiver: Receiver | null): void {
+        const place = this.surroundings.place();
+        if (place !== this.place) receiver?.enter();
+        else if (receiver && !receiver.hasFocus()) receiver.refocus();
+        this.place = place;
+    }
+}
+
+function perform(action: Action, receiver: Receiver): void {
+    switch (action.kind) {
+        case "key":
+            return receiver.press(action.key, false);
+        case "text":
+            return receiver.type(action.text);
+        case "click":
+            if (action.target.isConnected && !action.target.closest("[inert]")) action.target.click();
+    }
+}

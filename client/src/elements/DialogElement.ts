@@ -1,0 +1,109 @@
+import { LitElement } from "lit";
+import { property } from "lit/decorators.js";
+import { isEditing, typedText } from "../keys";
+import type { Receiver } from "../Keyboard";
+import type { Button } from "../protocol";
+import type { Dialog } from "../Screens";
+import { session } from "../Session";
+
+export const buttonTexts: Readonly<Record<Button, string>> = { ok: "OK", cancel: "Cancelar", yes: "Sim", no: "Não" };
+
+/** A box that waits for an answer on top of everything. */
+export abstract class DialogElement extends LitElement implements Receiver {
+    @property({ attribute: false }) dialog!: Dialog;
+
+    protected override createRenderRoot(): HTMLElement {
+        return this;
+    }
+
+    override connectedCallback(): void {
+        super.connectedCallback();
+        session.dialogReceiver = this;
+        session.addEventListener("change", this.changed);
+    }
+
+    override disconnectedCallback(): void {
+        super.disconnectedCallback();
+        if (session.dialogReceiver === this) session.dialogReceiver = null;
+        session.removeEventListener("change", this.changed);
+    }
+
+    private readonly changed = () => this.requestUpdate();
+
+    protected get field(): HTMLInputElement | null {
+        return this.querySelector<HTMLInputElement>("input:focus") ?? this.querySelector<HTMLInputElement>("input");
+    }
+
+    protected get buttons(): HTMLButtonElement[] {
+        return [...this.querySelectorAll<HTMLButtonElement>("[data-answer]")];
+    }
+
+    protected abstract answer(button: Button): void;
+
+    keeps(key: string): boolean {
+        return document.activeElement instanceof HTMLInputElement && (typedText(key) !== null || isEditing(key));
+    }
+
+    press(key: string, fresh: boolean): void {
+        switch (key) {
+            case "Esc":
+                return this.answer(this.dialog.state.escape);
+            case "Enter":
+                return this.answer(this.focusedButton ?? (this.field ? "ok" : this.dialog.state.default));
+            case "Space":
+                if (this.focusedButton) return this.answer(this.focusedButton);
+                break;
+            case "Tab":
+            case "Right":
+            case "Down":
+                return this.step(1);
+            case "Shift+Tab":
+            case "Left":
+            case "Up":
+                return this.step(-1);
+            default:
+                break;
+        }
+        this.pressLetter(key, fresh);
+    }
+
+    /** A letter that was typed before the box could be seen answers nothing. */
+    private pressLetter(key: string, fresh: boolean): void {
+        const letter = key.replace(/^Alt\+/, "").toLocaleLowerCase("pt-BR");
+        const button = this.dialog.state.buttons.find((name) => buttonTexts[name].toLocaleLowerCase("pt-BR").startsWith(letter));
+        if (button && fresh && [...letter].length === 1) this.answer(button);
+    }
+
+    private get focusedButton(): Button | undefined {
+        const focused = document.activeElement;
+        return focused instanceof HTMLButtonElement && this.contains(focused) ? (focused.dataset["answer"] as Button) : undefined;
+    }
+
+    private step(step: number): void {
+        const stops = [...this.querySelectorAll<HTMLElement>("input, [data-answer]")];
+        const next = stops[(stops.indexOf(document.activeElement as HTMLElement) + step + stops.length) % stops.length];
+        next?.focus();
+        if (next instanceof HTMLInputElement) next.select();
+    }
+
+    type(text: string): void {
+        const field = this.field;
+        if (!field) return;
+        field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
+        field.dispatchEvent(new InputEvent("input"));
+    }
+
+    enter(): void {
+        this.refocus();
+        this.field?.select();
+    }
+
+    refocus(): void {
+        const { default: wanted } = this.dialog.state;
+        (this.field ?? this.buttons.find((button) => button.dataset["answer"] === wanted))?.focus();
+    }
+
+    hasFocus(): boolean {
+        return this.contains(document.activeElement);
+    }
+}

@@ -1,0 +1,368 @@
+import {
+    CellStyleModule,
+    ColumnApiModule,
+    createGrid,
+    EventApiModule,
+    type GridApi,
+    type ColDef,
+    type IDatasource,
+    type IGetRowsParams,
+    InfiniteRowModelModule,
+    ModuleRegistry,
+    RenderApiModule,
+    RowApiModule,
+    RowStyleModule,
+    ScrollApiModule,
+    themeQuartz,
+} from "ag-grid-community";
+import { html, type TemplateResult } from "lit";
+import { customElement } from "lit/decorators.js";
+import type { RowData } from "../Rows";
+import { session } from "../Session";
+import type { Action } from "../Connection";
+import { caption, plainCaption } from "./caption";
+import { isEditing, typedText } from "../keys";
+import { TextElement } from "./TextElement";
+
+ModuleRegistry.registerModules([
+    InfiniteRowModelModule,
+    CellStyleModule,
+    RowStyleModule,
+    ColumnApiModule,
+    RowApiModule,
+    RenderApiModule,
+    ScrollApiModule,
+    EventApiModule,
+]);
+
+const theme = themeQuartz.withParams({
+    backgroundColor: "var(--surface)",
+    foregroundColor: "var(--text)",
+    accentColor: "var(--accent)",
+    borderColor: "var(--line)",
+    headerBackgroundColor: "var(--head)",
+    headerTextColor: "var(--muted)",
+    headerFontWeight: 600,
+    rowHoverColor: "var(--hover)",
+    oddRowBackgroundColor: "var(--surface)",
+    fontFamily: "inherit",
+    fontSize: "var(--size)",
+    headerFontSize: "var(--small)",
+    rowHeight: "var(--row)",
+    headerHeight: "var(--row)",
+    cellHorizontalPadding: "8px",
+    wrapperBorderRadius: "var(--radius)",
+    spacing: "4px",
+    columnBorder: { color: "var(--hair)" },
+    rowBorder: { color: "var(--hair)" },
+});
+
+const rowPixels = 28;
+const blockSize = 100;
+/** In the order of the server's enumeration. */
+const colors = ["", "good", "warning", "bad", "muted", "highlight", "progress", "special"];
+
+interface Column {
+    field: string;
+    title: string;
+    kind: string;
+    width: number;
+    editable: boolean;
+    lookup: boolean;
+    visible: boolean;
+    index: number;
+}
+
+/**
+ * The rows of a table. A field lies over the current cell: it is the cell's frame, and what is typed stands in it until the cell is
+ * left. The server says which cell is the current one.
+ */
+@customElement("al-grid")
+export class GridElement extends TextElement {
+    private api: GridApi<RowData> | null = null;
+    private columnsKey = "";
+    private awaited: IGetRowsParams[] = [];
+    private editsCell = false;
+    private shownRow = -1;
+
+    override disconnectedCallback(): void {
+        super.disconnectedCallback();
+        this.api?.destroy();
+        this.api = null;
+        this.columnsKey = "";
+    }
+
+    protected override render(): TemplateResult {
+        const lines = Math.max(3, this.control.number("lines"));
+        return html`
+            ${this.renderLabel()}
+            <div class="grid" style="height: ${(lines + 1) * rowPixels + 4}px" @pointerdown=${this.pressedOutside}>
+                <div class="rows"></div>
+                <input
+                    data-focus
+                    class="cell-editor"
+                    autocomplete="off"
+                    spellcheck="false"
+                    aria-label=${this.cellName}
+                    ?disabled=${this.disabled}
+                    @input=${this.edited}
+                    @beforeinput=${this.aboutToEdit}
+                />
+            </div>
+        `;
+    }
+
+    protected override renderLabel(): ReturnType<TextElement["renderLabel"]> {
+        const text = this.control.text("caption");
+        return text === "" ? super.renderLabel() : html`<span class="caption">${caption(text)}</span>`;
+    }
+
+    private get cellName(): string {
+        const column = this.columns.find(({ field }) => field === this.control.text("column"));
+        const text = plainCaption(this.control.text("caption")) || this.control.name;
+        return `${text}, ${column?.title ?? ""}, linha ${this.control.number("row") + 1} de ${this.control.number("rowCount")}`;
+    }
+
+    private get columns(): Column[] {
+        const titles = this.control.texts("titles");
+        const kinds = this.control.texts("columnKinds");
+        const widths = this.control.texts("columnWidths");
+        const states = this.control.texts("columnStates");
+        return this.control.texts("columns").map((field, index) => ({
+            field,
+            index,
+            title: titles[index] || field,
+            kind: kinds[index] ?? "text",
+            width: Number(widths[index] ?? 0),
+            visible: states[index]?.includes("v") ?? true,
+            editable: states[index]?.includes("e") ?? false,
+            lookup: states[index]?.includes("l") ?? false,
+        }));
+    }
+
+    private get currentColumn(): Column | undefined {
+        return this.columns.find(({ field }) => field === this.control.text("column"));
+    }
+
+    // What the server told
+
+    protected override controlChanged(): void {
+        super.controlChanged();
+        if (this.api) this.showRows();
+    }
+
+    protected override updated(): void {
+        this.editsCell = this.control.flag("editing") || (this.editsCell && this.shownRow === this.control.number("row"));
+        const field = this.field;
+        if (field && this.control.flag("editing") && field.value !== this.shownText) field.value = this.shownText;
+        if (field && !this.control.flag("editing") && !this.editsCell) field.value = "";
+        this.showColumns();
+        this.showCurrent();
+    }
+
+    private showColumns(): void {
+        const visible = this.columns.filter((column) => column.visible);
+        const key = JSON.stringify(visible);
+        if (key === this.columnsKey) return;
+        this.columnsKey = key;
+        const definitions = visible.map((column) => this.definition(column));
+        if (this.api) this.api.setGridOption("columnDefs", definitions);
+        else this.makeGrid(definitions);
+        this.api?.purgeInfiniteCache();
+    }
+
+    private definition(column: Column): ColDef<RowData> {
+        const number = column.kind === "integer" || column.kind === "float";
+        const base: ColDef<RowData> = {
+            colId: column.field,
+            headerName: column.title,
+            valueGetter: ({ data }) => data?.texts[column.index] ?? "",
+            cellClass: [number ? "number" : "", column.kind, column.editable ? "" : "fixed"].filter(Boolean),
+            headerClass: number ? "number" : "",
+            sortable: false,
+            resizable: true,
+            minWidth: 48,
+        };
+        if (column.kind === "tick") base.valueFormatter = ({ value }) => (value === "S" ? "✓" : "");
+        return column.width > 0 ? { ...base, width: column.width * 9 + 20 } : { ...base, flex: number ? 1 : 2 };
+    }
+
+    private makeGrid(columnDefs: ColDef<RowData>[]): void {
+        const host = this.querySelector<HTMLElement>(".rows");
+        if (!host) return;
+        this.api = createGrid<RowData>(host, {
+            theme,
+            columnDefs,
+            rowModelType: "infinite",
+            datasource: this.datasource,
+            cacheBlockSize: blockSize,
+            maxBlocksInCache: 10,
+            rowHeight: rowPixels,
+            headerHeight: rowPixels,
+            suppressCellFocus: true,
+            suppressHeaderFocus: true,
+            suppressContextMenu: true,
+            animateRows: false,
+            overlayNoRowsTemplate: "<span></span>",
+            rowClassRules: {
+                current: ({ node }) => node.rowIndex === this.control.number("row"),
+                ...Object.fromEntries(
+                    colors.slice(1).map((name, index) => [name, ({ data }: { data: RowData | undefined }) => data?.color === index + 1]),
+                ),
+            },
+            onCellClicked: ({ rowIndex, column }) => this.cellClicked(rowIndex ?? 0, column.getColId()),
+            onCellDoubleClicked: ({ rowIndex, column }) =>
+                session.send({ event: "cellDoubleClick", ...this.address, row: rowIndex ?? 0, column: column.getColId() }),
+            onColumnHeaderClicked: ({ column }) => {
+                if ("getColId" in column) session.send({ event: "title", ...this.address, column: column.getColId() });
+            },
+            onBodyScroll: () => this.placeEditor(),
+            onColumnResized: () => this.placeEditor(),
+            onColumnMoved: () => this.placeEditor(),
+            onModelUpdated: () => this.placeEditor(),
+            onViewportChanged: () => this.placeEditor(),
+        });
+        new ResizeObserver(() => this.placeEditor()).observe(host);
+    }
+
+    /** AG Grid asks for blocks; those that the server has not told yet are asked of it. */
+    private readonly datasource: IDatasource = {
+        getRows: (block) => {
+            if (this.answerBlock(block)) return;
+            this.awaited.push(block);
+            const first = Math.max(0, block.startRow - blockSize);
+            session.send({ event: "rows", ...this.address, first, count: 3 * blockSize });
+        },
+    };
+
+    private answerBlock(block: IGetRowsParams): boolean {
+        const { rows } = this.control;
+        const end = Math.min(block.endRow, rows.count);
+        if (!rows.has(block.startRow, end - block.startRow)) return false;
+        const data = [];
+        for (let row = block.startRow; row < end; ++row) data.push(rows.get(row));
+        block.successCallback(data, rows.count);
+        return true;
+    }
+
+    private showRows(): void {
+        this.awaited = this.awaited.filter((block) => !this.answerBlock(block));
+        const changed = this.control.changedRows;
+        if (changed === null) {
+            this.api?.setRowCount(this.control.rows.count, true);
+            this.api?.refreshInfiniteCache();
+        }
+        for (const row of changed ?? []) {
+            const node = this.api?.getDisplayedRowAtIndex(row);
+            const data = this.control.rows.get(row);
+            if (node && data) node.setData(data);
+        }
+    }
+
+    private showCurrent(): void {
+        const row = this.control.number("row");
+        if (row !== this.shownRow) {
+            const nodes = [row, this.shownRow].map((index) => this.api?.getDisplayedRowAtIndex(index)).filter((node) => node !== undefined);
+            this.shownRow = row;
+            this.api?.redrawRows({ rowNodes: nodes });
+            if (row >= 0 && row < this.control.rows.count) this.api?.ensureIndexVisible(row);
+        }
+        const column = this.control.text("column");
+        if (this.focusedByServer && column !== "" && this.api?.getColumn(column)) this.api.ensureColumnVisible(column);
+        this.placeEditor();
+    }
+
+    /** Over the current cell; out of sight while that is. */
+    private placeEditor(): void {
+        const field = this.field;
+        const grid = this.querySelector(".grid");
+        if (!field || !grid) return;
+        const cell = grid.querySelector(
+            `[row-index="${this.control.number("row")}"] [col-id="${CSS.escape(this.control.text("column"))}"]`,
+        );
+        field.classList.toggle("away", !cell);
+        field.classList.toggle("editing", this.editsCell);
+        const kind = this.currentColumn?.kind;
+        field.classList.toggle("number", kind === "integer" || kind === "float");
+        if (!cell) return;
+        const [inner, outer] = [cell.getBoundingClientRect(), grid.getBoundingClientRect()];
+        field.style.translate = `${inner.left - outer.left - 1}px ${inner.top - outer.top - 1}px`;
+        field.style.width = `${inner.width}px`;
+        field.style.height = `${inner.height}px`;
+    }
+
+    // What the user does
+
+    protected override get shownText(): string {
+        return this.control.text("editorText");
+    }
+
+    protected override get fixed(): boolean {
+        return !this.currentColumn?.editable;
+    }
+
+    override keeps(key: string): boolean {
+        if (typedText(key) !== null) return !this.fixed && !(key === "Space" && this.currentColumn?.kind === "tick");
+        return this.editsCell && isEditing(key);
+    }
+
+    override press(key: string, fresh: boolean): void {
+        if (key === "F2" && !this.fixed) return this.editCell();
+        if (!this.editsCell && isEditing(key) && !this.keeps(key)) return this.sendKey(key);
+        super.press(key, fresh);
+    }
+
+    private sendKey(key: string): void {
+        session.send({ event: "key", ...this.address, key }, { kind: "key", key });
+    }
+
+    /** The cell's own text is to be changed, not replaced. */
+    private editCell(): void {
+        const field = this.field;
+        if (!field || this.editsCell) return;
+        field.value = this.control.rows.get(this.control.number("row"))?.texts[this.currentColumn?.index ?? -1] ?? "";
+        this.editsCell = true;
+        this.placeEditor();
+    }
+
+    protected override sendText(text: string, key: string, actions: readonly Action[]): void {
+        this.editsCell = true;
+        this.control.entered("editorText", text);
+        this.control.entered("editing", true);
+        const heard = this.hearsKeys && key !== "" ? { key: key === " " ? "Space" : key } : {};
+        session.send({ event: "cellText", ...this.address, text, ...heard }, ...actions);
+        this.placeEditor();
+    }
+
+    protected override adjusted(text: string): string {
+        return text;
+    }
+
+    override enter(): void {
+        this.scrollIntoView({ block: "nearest" });
+        this.refocus();
+        this.placeEditor();
+    }
+
+    override refocus(): void {
+        this.field?.focus({ preventScroll: true });
+    }
+
+    private cellClicked(row: number, column: string): void {
+        const definition = this.columns.find(({ field }) => field === column);
+        if (definition?.kind === "tick" && definition.editable) {
+            const checked = this.control.rows.get(row)?.texts[definition.index] !== "S";
+            return session.send({ event: "tick", ...this.address, row, column, checked });
+        }
+        session.send({ event: "cell", ...this.address, row, column });
+    }
+
+    /** The rows do not take the browser's focus: it stays where the server says. */
+    private pressedOutside(event: Event): void {
+        if (event.target !== this.field) this.refocusIfCurrent();
+    }
+
+    private refocusIfCurrent(): void {
+        if (this.focusedByServer) queueMicrotask(() => this.refocus());
+    }
+}

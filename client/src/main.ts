@@ -1,0 +1,20 @@
+import { session } from "./Session";
+import { soundAlarm } from "./sound";
+import "./elements/al-app";
+import "./elements/al-button";
+import "./elements/al-check";
+import "./elements/al-combo";
+import "./elements/al-container";
+import "./elements/al-date";
+import "./elements/al-edit";
+import "./elements/al-grid";
+import "./elements/al-label";
+import "./elements/al-lookup";
+import "./elements/al-memo";
+import "./elements/al-message";
+import "./elements/al-number";
+import "./elements/al-pages";
+import "./elements/al-radio-group";
+
+session.addEventListener("alarm", soundAlarm);
+session.start();

@@ -1,0 +1,96 @@
+#include "platform/web/THttpAnswer.h"
+
+#include "platform/web/TStaticFiles.h"
+
+namespace alinhavo {
+
+namespace {
+
+namespace http = boost::beast::http;
+
+constexpr std::string_view Policy = "default-src 'self'; style-src 'self' 'unsafe-inline'; img-src 'self' data:; "
+                                    "font-src 'self' data:; object-src 'none'; base-uri 'none'; form-action 'self'; "
+                                    "frame-ancestors 'none'";
+
+std::string_view View(boost::beast::string_view text) { return {text.data(), text.size()}; }
+
+THttpResponse Begin(const THttpRequest& request, http::status status)
+{
+    THttpResponse response(status, request.version());
+    response.keep_alive(request.keep_alive());
+    response.set("X-Content-Type-Options", "nosniff");
+    response.set("Referrer-Policy", "no-referrer");
+    response.set("Content-Security-Policy", boost::beast::string_view(Policy.data(), Policy.size()));
+    return response;
+}
+
+std::string PathOf(const THttpRequest& request)
+{
+    const auto target = View(request.target());
+    return std::string(target.substr(0, target.find('?')));
+}
+
+bool AcceptsGzip(const THttpRequest& request)
+{
+    return View(request[http::field::accept_encoding]).find("gzip") != std::string_view::npos;
+}
+
+} // namespace
+
+THttpResponse AnswerText(const THttpRequest& request, http::status status, std::string_view text)
+{
+    auto response = Begin(request, status);
+    response.set(http::field::content_type, "text/plain; charset=utf-8");
+    response.set(http::field::cache_control, "no-store");
+    response.body() = text;
+    response.prepare_payload();
+    return response;
+}
+
+THttpResponse AnswerFile(const TStaticFiles& files, const THttpRequest& request)
+{
+    const bool head = request.method() == http::verb::head;
+    if (request.method() != http::verb::get && !head)
+        return AnswerText(request, http::status::method_not_allowed, "Método não permitido.");
+    const auto* file = files.Find(PathOf(request));
+    if (!file)
+        return AnswerText(request, http::status::not_found, "Página não encontrada.");
+
+    const bool unchanged = View(request[http::field::if_none_match]) == file->etag;
+    auto response = Begin(request, unchanged ? http::status::not_modified : http::status::ok);
+    response.set(http::field::etag, file->etag);
+    response.set(http::field::vary, "Accept-Encoding");
+    response.set(http::field::cache_control, file->immutable ? "public, max-age=31536000, immutable" : "no-cache");
+    if (unchanged)
+        return response;
+    response.set(http::field::content_type, file->contentType);
+    const bool compressed = !file->gzip.empty() && AcceptsGzip(request);
+    if (compressed)
+        response.set(http::field::content_encoding, "gzip");
+    const auto& content = compressed ? file->gzip : file->content;
+    if (!head)
+        response.body() = content;
+    response.content_length(content.size());
+    return response;
+}
+
+bool FromOwnPage(const THttpRequest& request)
+{
+    const auto origin = View(request[http::field::origin]);
+    const auto host = View(request[http::field::host]);
+    if (host.empty())
+        return false;
+    return origin == "http://" + std::string(host) || origin == "https://" + std::string(host);
+}
+
+std::string CookieOf(const THttpRequest& request, std::string_view name)
+{
+    const auto header = ";" + std::string(request[http::field::cookie]);
+    for (const auto& [cookie, value] : http::param_list(header)) {
+        if (View(cookie) == name)
+            return std::string(value);
+    }
+    return {};
+}
+
+} // namespace alinhavo

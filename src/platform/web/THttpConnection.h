@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/web/THttpAnswer.h"
+
+#include <boost/beast/core.hpp>
+#include <memory>
+#include <optional>
+
+namespace alinhavo {
+
+class TSessionRegistry;
+class TStaticFiles;
+
+/// A browser's connection: it asks for files, and then becomes a connection of messages.
+class THttpConnection final : public std::enable_shared_from_this<THttpConnection> {
+public:
+    /// The files and the registry outlive it.
+    THttpConnection(boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TSessionRegistry& sessions);
+
+    void Read();
+
+private:
+    void Received(boost::beast::error_code error);
+    void BecomeMessages(const THttpRequest& request);
+    void Answer(THttpResponse response);
+
+    boost::beast::tcp_stream stream_;
+    const TStaticFiles& files_;
+    TSessionRegistry& sessions_;
+    boost::beast::flat_buffer input_;
+    std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;
+};
+
+} // namespace alinhavo

@@ -1,0 +1,103 @@
+#include "platform/web/TWebServer.h"
+
+#include "platform/web/THttpConnection.h"
+#include "platform/web/TSessionRegistry.h"
+#include "platform/web/TStaticFiles.h"
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/post.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <boost/asio/strand.hpp>
+
+namespace alinhavo {
+
+namespace net = boost::asio;
+using tcp = net::ip::tcp;
+
+namespace {
+
+constexpr std::chrono::milliseconds TimeToSayGoodbye(300);
+constexpr std::chrono::milliseconds PauseAfterFailure(100);
+
+} // namespace
+
+class TWebServer::TImpl {
+public:
+    TImpl(const TWebOptions& options, TApplicationMaker maker)
+        : files_(options.clientFolder)
+        , sessions_(std::move(maker), options.maxSessions)
+        , acceptor_(context_, tcp::endpoint(net::ip::make_address(options.address), options.port))
+        , timer_(context_)
+    {
+        Accept();
+        for (int thread = 0; thread < options.threads; ++thread)
+            threads_.emplace_back([this] { context_.run(); });
+    }
+
+    void Stop()
+    {
+        if (threads_.empty())
+            return;
+        sessions_.EndAll();
+        net::post(acceptor_.get_executor(), [this] {
+            boost::system::error_code ignored;
+            acceptor_.close(ignored);
+            timer_.expires_after(TimeToSayGoodbye);
+            timer_.async_wait([this](auto) { context_.stop(); });
+        });
+        for (auto& thread : threads_)
+            thread.join();
+        threads_.clear();
+    }
+
+    std::uint16_t Port() const { return acceptor_.local_endpoint().port(); }
+    std::size_t SessionCount() const { return sessions_.Count(); }
+
+private:
+    void Accept()
+    {
+        acceptor_.async_accept(net::make_strand(context_), [this](boost::system::error_code error, tcp::socket socket) {
+            if (!acceptor_.is_open())
+                return;
+            if (error)
+                return AcceptLater();
+            boost::system::error_code ignored;
+            socket.set_option(tcp::no_delay(true), ignored);
+            std::make_shared<THttpConnection>(std::move(socket), files_, sessions_)->Read();
+            Accept();
+        });
+    }
+
+    // Out of file descriptors, mostly: some are given back soon.
+    void AcceptLater()
+    {
+        timer_.expires_after(PauseAfterFailure);
+        timer_.async_wait([this](boost::system::error_code error) {
+            if (!error)
+                Accept();
+        });
+    }
+
+    net::io_context context_;
+    TStaticFiles files_;
+    TSessionRegistry sessions_;
+    tcp::acceptor acceptor_;
+    net::steady_timer timer_;
+    std::vector<std::thread> threads_;
+};
+
+TWebServer::TWebServer(const TWebOptions& options, TApplicationMaker maker)
+    : impl_(std::make_unique<TImpl>(options, std::move(maker)))
+{
+}
+
+TWebServer::~TWebServer() { Stop(); }
+
+std::uint16_t TWebServer::Port() const { return impl_->Port(); }
+
+std::size_t TWebServer::SessionCount() const { return impl_->SessionCount(); }
+
+void TWebServer::Stop() { impl_->Stop(); }
+
+} // namespace alinhavo

@@ -1,0 +1,427 @@
+#include "platform/web/TWebSession.h"
+
+#include "forms/TApplication.h"
+#include "forms/TDialog.h"
+#include "forms/TForm.h"
+#include "forms/TGrid.h"
+#include "platform/web/EProtocolError.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+namespace alinhavo {
+
+namespace {
+
+using json = nlohmann::json;
+
+// A text from a database may hold bytes that are no UTF-8: they are shown as a mark, the message stays well-formed.
+std::string Written(const json& message) { return message.dump(-1, ' ', false, json::error_handler_t::replace); }
+
+/// The property that shows what a person types in the control; empty where he types nothing.
+std::string_view TypedProperty(const TControl& control) { return control.Kind() == "grid" ? "editorText" : "text"; }
+
+} // namespace
+
+TWebSession::TWebSession(std::string id, TApplicationMaker maker)
+    : id_(std::move(id))
+    , maker_(std::move(maker))
+{
+    thread_ = std::thread(&TWebSession::Run, this);
+}
+
+TWebSession::~TWebSession()
+{
+    End();
+    Wait();
+}
+
+void TWebSession::Wait()
+{
+    if (thread_.joinable())
+        thread_.join();
+}
+
+void TWebSession::Run()
+{
+    std::string failure;
+    try {
+        const auto application = maker_(*this, *this);
+        application_ = application.get();
+        application_->Run();
+        application_ = nullptr;
+    } catch (const std::exception& error) {
+        application_ = nullptr;
+        failure = error.what();
+    }
+    std::shared_ptr<IClientLink> link;
+    {
+        const std::lock_guard lock(mutex_);
+        ended_ = true;
+        link = std::move(link_);
+    }
+    if (!link)
+        return;
+    link->Send(Written({{"ended", failure}}));
+    link->Close();
+}
+
+// The connections' side ---------------------------------------------------------------------------------------------------
+
+void TWebSession::Attach(std::shared_ptr<IClientLink> link)
+{
+    std::shared_ptr<IClientLink> replaced;
+    bool ended = false;
+    {
+        const std::lock_guard lock(mutex_);
+        ended = ended_;
+        if (!ended) {
+            replaced = std::exchange(link_, link);
+            attachedAnew_ = true;
+        }
+    }
+    arrived_.notify_one();
+    if (ended) {
+        link->Send(Written({{"ended", ""}}));
+        link->Close();
+    }
+    if (replaced) {
+        replaced->Send(Written({{"replaced", true}}));
+        replaced->Close();
+    }
+}
+
+void TWebSession::Detach(const IClientLink& link)
+{
+    const std::lock_guard lock(mutex_);
+    if (link_.get() == &link)
+        link_ = nullptr;
+}
+
+void TWebSession::Receive(IClientLink& from, std::string_view text)
+{
+    try {
+        auto message = TClientMessage::Decode(text);
+        const std::lock_guard lock(mutex_);
+        if (link_.get() != &from)
+            return;
+        if (attachedAnew_)
+            throw EProtocolError("nothing may be sent before the first message was received");
+        if (message.number != received_ + 1)
+            throw EProtocolError("n: " + std::to_string(received_ + 1) + " is expected");
+        if (waiting_.size() >= MaxWaiting)
+            throw EProtocolError("too many messages sent ahead");
+        received_ = message.number;
+        waiting_.push_back(std::move(message));
+        arrived_.notify_one();
+    } catch (const EProtocolError& error) {
+        from.Send(Written({{"error", error.what()}}));
+    }
+}
+
+void TWebSession::End()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+    }
+    arrived_.notify_one();
+}
+
+bool TWebSession::Ended() const
+{
+    const std::lock_guard lock(mutex_);
+    return ended_;
+}
+
+// The application's side --------------------------------------------------------------------------------------------------
+
+TUserEvent TWebSession::Next()
+{
+    if (following_) {
+        const auto [number, typed, focus] = std::exchange(following_, {}).value();
+        handling_.push_back({number});
+        return *typed;
+    }
+    TClientMessage message;
+    while (Take(message)) {
+        if (CarryOut(message))
+            return Begin(std::move(message.event), message.number);
+    }
+    return {.kind = TUserEvent::TKind::Terminate};
+}
+
+// A text that came with its key is two events: the key, and the text unless the key was swallowed or moved the focus.
+TUserEvent TWebSession::Begin(TUserEvent event, std::int64_t number)
+{
+    const bool typed = event.kind == TUserEvent::TKind::Text || event.kind == TUserEvent::TKind::GridText;
+    if (!typed || event.key.name.empty()) {
+        handling_.push_back({number});
+        return event;
+    }
+    TUserEvent key{.kind = TUserEvent::TKind::Key, .form = event.form, .control = event.control, .key = event.key};
+    handling_.push_back({number, std::move(event), FocusNow()});
+    return key;
+}
+
+bool TWebSession::Take(TClientMessage& message)
+{
+    NoteTurn();
+    std::unique_lock lock(mutex_);
+    if (waiting_.empty() && !ending_) {
+        lock.unlock();
+        Tell();
+        lock.lock();
+    }
+    for (;;) {
+        arrived_.wait(lock, [this] { return ending_ || attachedAnew_ || !waiting_.empty(); });
+        if (ending_)
+            return false;
+        if (!waiting_.empty())
+            break;
+        attachedAnew_ = false;
+        lock.unlock();
+        TellEverything();
+        lock.lock();
+    }
+    message = std::move(waiting_.front());
+    waiting_.pop_front();
+    done_ = message.number;
+    return true;
+}
+
+// True when the message's event is one for the application.
+bool TWebSession::CarryOut(TClientMessage& message)
+{
+    if (message.event.kind == TUserEvent::TKind::Work) {
+        GiveRows(message);
+        return false;
+    }
+    if (message.turn != turn_) {
+        passed_.push_back(message.number);
+        return false;
+    }
+    if (message.dialog != dialogs_.Top()) {
+        Refuse(message.number, "another dialog waits for an answer");
+        return false;
+    }
+    NoteEntered(message.event);
+    return true;
+}
+
+void TWebSession::GiveRows(const TClientMessage& message)
+{
+    if (message.dialog != 0)
+        return dialogs_.SetWindow(message.dialog, message.first, message.count);
+    auto* grid = dynamic_cast<TGrid*>(FindControl(message.event));
+    if (!grid)
+        return Refuse(message.number, "no such grid");
+    image_.SetWindow(*grid, message.first, message.count);
+    ControlChanged(*grid);
+}
+
+void TWebSession::Handled(const TUserEvent& event, std::string_view refusal)
+{
+    if (event.kind == TUserEvent::TKind::Terminate || handling_.empty())
+        return;
+    auto done = std::move(handling_.back());
+    handling_.pop_back();
+    if (!refusal.empty()) {
+        Refuse(done.number, refusal);
+        if (auto* control = FindControl(event))
+            ControlChanged(*control);
+        return;
+    }
+    if (!done.then || application_->KeySwallowed())
+        return;
+    if (FocusNow() == done.focus)
+        following_ = std::move(done);
+}
+
+void TWebSession::Refuse(std::int64_t number, std::string_view why)
+{
+    refused_.push_back({{"n", number}, {"why", why}});
+}
+
+// What its user entered stands in the client's control already.
+void TWebSession::NoteEntered(const TUserEvent& event)
+{
+    const auto* control = FindControl(event);
+    if (!control)
+        return;
+    switch (event.kind) {
+    case TUserEvent::TKind::Text:
+    case TUserEvent::TKind::GridText:
+        return image_.Told(*control, TypedProperty(*control), event.text);
+    case TUserEvent::TKind::Check:
+        return image_.Told(*control, "checked", event.flag);
+    default:
+        return;
+    }
+}
+
+void TWebSession::NoteTurn()
+{
+    auto focus = FocusNow();
+    const auto* control = FocusedControl();
+    const bool otherText = control && focus.dialog == 0 && image_.Differs(*control, TypedProperty(*control));
+    if (focus == focus_ && !otherText)
+        return;
+    focusTold_ = focusTold_ && focus == focus_;
+    focus_ = std::move(focus);
+    ++turn_;
+    if (control)
+        ControlChanged(*FocusedControl());
+}
+
+TWebSession::TFocus TWebSession::FocusNow() const
+{
+    TFocus focus;
+    focus.dialog = dialogs_.Top();
+    const auto* form = application_ ? application_->ActiveForm() : nullptr;
+    if (!form)
+        return focus;
+    focus.form = form->Name();
+    const auto* control = form->ActiveControl();
+    if (!control)
+        return focus;
+    focus.control = control->Name();
+    if (const auto* grid = dynamic_cast<const TGrid*>(control)) {
+        focus.row = grid->CurrentRow();
+        focus.column = grid->Column();
+    }
+    return focus;
+}
+
+TControl* TWebSession::FocusedControl() const
+{
+    const auto* form = application_ ? application_->ActiveForm() : nullptr;
+    return form ? form->ActiveControl() : nullptr;
+}
+
+TControl* TWebSession::FindControl(const TUserEvent& event) const
+{
+    if (!application_)
+        return nullptr;
+    auto* form = event.form.empty() ? application_->ActiveForm() : application_->FindFormByName(event.form);
+    if (!form || event.control.empty())
+        return form ? form->ActiveControl() : nullptr;
+    return dynamic_cast<TControl*>(form->FindComponent(event.control));
+}
+
+void TWebSession::FormShown(TForm& form)
+{
+    application_ = &form.Application();
+    if (!image_.Knows(form) && std::ranges::find(shown_, &form) == shown_.end())
+        shown_.push_back(&form);
+}
+
+void TWebSession::FormClosed(TForm& form)
+{
+    if (image_.Knows(form))
+        closed_.push_back(form.Name());
+    image_.Forget(form);
+    std::erase(shown_, &form);
+    const auto gone = [&form](const TControl* control) { return &control->Form() == &form; };
+    std::erase_if(changed_, gone);
+    std::erase_if(changedSet_, gone);
+}
+
+void TWebSession::ControlChanged(TControl& control)
+{
+    if (changedSet_.insert(&control).second)
+        changed_.push_back(&control);
+}
+
+void TWebSession::FocusChanged(TForm&) { }
+
+void TWebSession::DialogOpened(TDialog& dialog) { dialogs_.Open(dialog); }
+
+void TWebSession::DialogChanged(TDialog&) { dialogs_.Changed(); }
+
+void TWebSession::DialogClosed(TDialog& dialog) { dialogs_.Close(dialog); }
+
+// Told at once: the handlers go on and the thread does not come back to its messages for a while.
+void TWebSession::BusyChanged(bool busy) { Send({{"busy", busy}}); }
+
+// Telling -----------------------------------------------------------------------------------------------------------------
+
+void TWebSession::TellEverything()
+{
+    image_.Clear();
+    dialogs_.Forget();
+    closed_.clear();
+    shown_.clear();
+    for (auto* form : application_->Forms()) {
+        if (form->Showing())
+            shown_.push_back(form);
+    }
+    focusTold_ = false;
+    doneTold_ = -1;
+    Tell();
+}
+
+void TWebSession::Tell()
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (!link_ || attachedAnew_)
+            return;
+    }
+    json message = json::object();
+    if (doneTold_ < 0)
+        message.update({{"session", id_}, {"title", application_->Title}});
+    TellScreens(message);
+    dialogs_.Tell(message);
+    TellFocus(message);
+    if (!refused_.empty())
+        message["refused"] = std::exchange(refused_, json::array());
+    if (!passed_.empty())
+        message["passed"] = std::exchange(passed_, json::array());
+    if (message.empty() && done_ == doneTold_)
+        return;
+    message["done"] = done_;
+    message["turn"] = turn_;
+    doneTold_ = done_;
+    Send(message);
+}
+
+void TWebSession::TellScreens(json& message)
+{
+    auto shown = json::array();
+    for (auto* form : std::exchange(shown_, {}))
+        shown.push_back(image_.Whole(*form));
+    auto changed = json::array();
+    for (const auto* control : std::exchange(changed_, {}))
+        image_.AddChanges(changed, *control);
+    changedSet_.clear();
+    if (!closed_.empty())
+        message["closed"] = std::exchange(closed_, {});
+    if (!shown.empty())
+        message["shown"] = std::move(shown);
+    if (!changed.empty())
+        message["changed"] = std::move(changed);
+}
+
+void TWebSession::TellFocus(json& message)
+{
+    if (focusTold_)
+        return;
+    message["focus"] = {{"form", focus_.form}, {"control", focus_.control}};
+    if (!focus_.column.empty())
+        message["focus"].update({{"row", focus_.row}, {"column", focus_.column}});
+    focusTold_ = true;
+}
+
+void TWebSession::Send(const json& message)
+{
+    std::shared_ptr<IClientLink> link;
+    {
+        const std::lock_guard lock(mutex_);
+        link = link_;
+    }
+    if (link)
+        link->Send(Written(message));
+}
+
+} // namespace alinhavo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/web/IClientLink.h"
+#include "platform/web/THttpAnswer.h"
+
+#include <boost/beast/core.hpp>
+#include <boost/beast/websocket.hpp>
+#include <deque>
+#include <memory>
+#include <string>
+
+namespace alinhavo {
+
+class TWebSession;
+
+/// A client's connection to its session.
+class TWebSocketConnection final : public IClientLink, public std::enable_shared_from_this<TWebSocketConnection> {
+public:
+    TWebSocketConnection(boost::beast::tcp_stream stream, std::shared_ptr<TWebSession> session);
+
+    /// Answers the request to become a connection of messages, and gives the client a cookie when it is not empty.
+    void Accept(const THttpRequest& request, std::string cookie);
+
+    void Send(std::string message) override;
+    void Close() override;
+
+private:
+    void Read();
+    void Received(boost::beast::error_code error);
+    void Queue(std::string message);
+    void WriteNext();
+    void BeginClosing();
+
+    boost::beast::websocket::stream<boost::beast::tcp_stream> stream_;
+    std::shared_ptr<TWebSession> session_;
+    boost::beast::flat_buffer input_;
+    std::deque<std::string> output_; ///< the first is under way
+    bool closing_ = false;
+};
+
+} // namespace alinhavo
