@@ -8,7 +8,7 @@
 
 namespace alinhavo {
 
-TDialect::TDialect(std::string company)
+TDialect::TDialect(const std::string& company)
     : company_(UpperName(TName("EMP" + company).Text()).substr(3))
 {
     if (company_.empty() || company_.size() > 2)

@@ -31,7 +31,7 @@ struct TServerSql {
 ///     CURRENT_DATE, CURRENT_TIMESTAMP    the day and hour that were set, else the server's
 class TDialect {
 public:
-    explicit TDialect(std::string company);
+    explicit TDialect(const std::string& company);
     virtual ~TDialect() = default;
     TDialect(const TDialect&) = delete;
     TDialect& operator=(const TDialect&) = delete;

@@ -317,7 +317,7 @@ void TFirebirdStatement::Fetch(Firebird::ITransaction& transaction, TTableData& 
     status_.Check();
     cursor->close(&status_);
     if (!status_.Failed())
-        cursor.release();
+        static_cast<void>(cursor.release());
     status_.Check();
 }
 

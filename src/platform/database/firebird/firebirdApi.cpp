@@ -30,7 +30,7 @@ void ChooseLockFolder()
     const auto folder = std::filesystem::temp_directory_path() / ("alinhavo-lock-" + std::to_string(geteuid()));
     mkdir(folder.c_str(), S_IRWXU);
     if (IsOurs(folder))
-        setenv("FIREBIRD_LOCK", folder.c_str(), 0);
+        setenv("FIREBIRD_LOCK", folder.c_str(), 0); // NOLINT(concurrency-mt-unsafe): once, before the engine starts
 }
 
 template <class TEnd>

@@ -121,11 +121,14 @@ TResultPtr TPostgreSqlConnection::Flush()
     TResultPtr failed;
     int done = 0;
     for (int i = 0; i < count; ++i) {
-        last = NextResult();
-        if (!failed && Succeeded(last.get()))
+        auto result = NextResult();
+        const bool succeeded = Succeeded(result.get());
+        if (!failed && succeeded)
             ++done;
-        else if (!failed)
-            failed = std::move(last);
+        if (failed || succeeded)
+            last = std::move(result);
+        else
+            failed = std::move(result);
     }
     NextResult();
     if (failed)

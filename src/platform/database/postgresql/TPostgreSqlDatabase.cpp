@@ -117,7 +117,7 @@ void TPostgreSqlDatabase::EnsureConnected()
     ForgetTranslations();
     dropped_.clear();
     try {
-        connection_.emplace(address_.uri);
+        connection_ = std::make_unique<TPostgreSqlConnection>(address_.uri);
         const auto wait = std::max<long long>(1, std::chrono::milliseconds(LockWait()).count());
         connection_->Execute("SET lock_timeout = " + std::to_string(wait)
             + "; SET datestyle = 'ISO, MDY'; SET standard_conforming_strings = on; SET jit = off;"
@@ -166,22 +166,24 @@ TPostgreSqlDatabase::TPrepared& TPostgreSqlDatabase::Prepared(const std::string&
 
 TResultPtr TPostgreSqlDatabase::RunTyped(TPrepared& prepared, const std::vector<TValue>& values)
 {
-    std::optional<EPostgreSql> first;
-    for (const auto typing : {TTyping::ByValue, TTyping::ByPlace, TTyping::Strict}) {
+    for (const auto typing : {TTyping::ByValue, TTyping::ByPlace}) {
         if (!prepared.name)
             prepared.typing = typing;
         try {
             return RunGuarded(prepared, values);
         } catch (const EPostgreSql& failure) {
-            if (connection_->IsAlive())
-                UndoStatement(prepared.sql.kind);
+            Undo(prepared.sql.kind);
             if (prepared.name || !IsOfTyping(failure.State()))
                 RaiseFailure(failure);
-            if (!first)
-                first = failure;
         }
     }
-    RaiseFailure(*first);
+    try {
+        prepared.typing = TTyping::Strict;
+        return RunGuarded(prepared, values);
+    } catch (const EPostgreSql& failure) {
+        Undo(prepared.sql.kind);
+        RaiseFailure(failure);
+    }
 }
 
 TResultPtr TPostgreSqlDatabase::RunGuarded(TPrepared& prepared, const std::vector<TValue>& values)
@@ -235,8 +237,10 @@ void TPostgreSqlDatabase::QueueGuard(TSqlKind kind)
     savepoint_ = TSavepoint::Fresh;
 }
 
-void TPostgreSqlDatabase::UndoStatement(TSqlKind kind)
+void TPostgreSqlDatabase::Undo(TSqlKind kind)
 {
+    if (!connection_->IsAlive())
+        return;
     if (Pending())
         Command(TTransactionCommand::RollbackToSavepoint);
     else if (kind != TSqlKind::Read)

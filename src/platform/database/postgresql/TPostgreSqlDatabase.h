@@ -5,7 +5,7 @@
 #include "platform/database/TSqlDatabase.h"
 #include "platform/database/TStatementCache.h"
 
-#include <optional>
+#include <memory>
 
 namespace alinhavo::postgresql {
 
@@ -69,13 +69,14 @@ private:
     TResultPtr RunTyped(TPrepared& prepared, const std::vector<TValue>& values);
     TResultPtr RunGuarded(TPrepared& prepared, const std::vector<TValue>& values);
     void QueueGuard(TSqlKind kind);
-    void UndoStatement(TSqlKind kind);
+    /// The statement that has failed.
+    void Undo(TSqlKind kind);
     void NoteDone(TSqlKind kind, bool touched);
     void Command(TTransactionCommand command);
     [[noreturn]] void RaiseFailure(const EPostgreSql& failure);
 
     TDatabaseAddress address_;
-    std::optional<TPostgreSqlConnection> connection_;
+    std::unique_ptr<TPostgreSqlConnection> connection_;
     TNames dropped_;
     TStatementCache<TPrepared> statements_;
     std::size_t lastName_ = 0;

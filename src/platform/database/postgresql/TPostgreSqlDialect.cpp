@@ -74,18 +74,20 @@ std::string TPostgreSqlDialect::LocalConstraint(const TTableDecl&, std::string_v
 // Sums and means of whole numbers are whole numbers, as on Firebird; the server's own make them decimal ones.
 std::vector<std::string> TPostgreSqlDialect::Preparations() const
 {
-    return {
-        "CREATE SCHEMA IF NOT EXISTS " + Schema(),
-        "CREATE SCHEMA IF NOT EXISTS alinhavo",
-        "CREATE OR REPLACE AGGREGATE alinhavo.sum(bigint)"
-        " (SFUNC = int8pl, STYPE = bigint, COMBINEFUNC = int8pl, PARALLEL = SAFE)",
-        "CREATE OR REPLACE FUNCTION alinhavo.mean_step(bigint[], bigint) RETURNS bigint[] LANGUAGE sql IMMUTABLE STRICT"
-        " AS 'SELECT ARRAY[$1[1] + $2, $1[2] + 1]'",
-        "CREATE OR REPLACE FUNCTION alinhavo.mean_end(bigint[]) RETURNS bigint LANGUAGE sql IMMUTABLE STRICT"
-        " AS 'SELECT $1[1] / NULLIF($1[2], 0)'",
-        "CREATE OR REPLACE AGGREGATE alinhavo.avg(bigint)"
-        " (SFUNC = alinhavo.mean_step, STYPE = bigint[], FINALFUNC = alinhavo.mean_end, INITCOND = '{0,0}')",
-    };
+    const std::string sum = R"(
+        CREATE OR REPLACE AGGREGATE alinhavo.sum(bigint)
+            (SFUNC = int8pl, STYPE = bigint, COMBINEFUNC = int8pl, PARALLEL = SAFE))";
+    const std::string meanStep = R"(
+        CREATE OR REPLACE FUNCTION alinhavo.mean_step(bigint[], bigint) RETURNS bigint[] LANGUAGE sql IMMUTABLE STRICT
+            AS 'SELECT ARRAY[$1[1] + $2, $1[2] + 1]')";
+    const std::string meanEnd = R"(
+        CREATE OR REPLACE FUNCTION alinhavo.mean_end(bigint[]) RETURNS bigint LANGUAGE sql IMMUTABLE STRICT
+            AS 'SELECT $1[1] / NULLIF($1[2], 0)')";
+    const std::string mean = R"(
+        CREATE OR REPLACE AGGREGATE alinhavo.avg(bigint)
+            (SFUNC = alinhavo.mean_step, STYPE = bigint[], FINALFUNC = alinhavo.mean_end, INITCOND = '{0,0}'))";
+    return {"CREATE SCHEMA IF NOT EXISTS " + Schema(), "CREATE SCHEMA IF NOT EXISTS alinhavo", sum, meanStep, meanEnd,
+        mean};
 }
 
 std::string TPostgreSqlDialect::ExistingColumns() const

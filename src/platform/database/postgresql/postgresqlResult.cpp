@@ -44,7 +44,8 @@ struct TNumeric {
             return std::numeric_limits<double>::quiet_NaN();
         std::string text = sign == Negative ? "-0" : "0";
         for (int i = 0; i < count; ++i) {
-            const auto group = std::to_string(FromNetwork<std::int16_t>(groups + 2 * i));
+            const auto group = std::to_string(
+                FromNetwork<std::int16_t>(groups + sizeof(std::int16_t) * static_cast<std::size_t>(i)));
             text.append(4 - group.size(), '0').append(group);
         }
         text += "e" + std::to_string(4 * (weight - count + 1));
