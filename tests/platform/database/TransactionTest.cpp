@@ -244,17 +244,35 @@ TEST_P(Transaction, ACancelWithNothingRunningDoesNothing)
 TEST_P(Transaction, ACancelThatComesTooLateDoesNotHitTheNextStatement)
 {
     AddSector(*db, "010");
-    std::atomic<bool> done = false;
-    std::thread canceller([&] {
-        while (!done)
+    for (int i = 0; i < 400; ++i) {
+        std::thread canceller([&] {
+            const auto end = std::chrono::steady_clock::now() + i * 500ns;
+            while (std::chrono::steady_clock::now() < end)
+                ;
             db->Cancel();
-    });
-    for (int i = 0; i < 200; ++i)
+        });
         Refusal(*db, {"UPDATE {CADFLUXO} SET ORDEM = ?", i});
-    done = true;
-    canceller.join();
-    for (int i = 0; i < 20; ++i)
-        EXPECT_EQ(Count(*db), "1");
+        canceller.join();
+        ASSERT_EQ(Count(*db), "1") << "round " << i;
+    }
+}
+
+TEST_P(Transaction, ManyWhoChangeOneRowAllGetTheirTurn)
+{
+    db->ExecSQL({"INSERT INTO {CADFLUXO} (CODIGO, ORDEM) VALUES ('010', 0)"});
+    db->CommitRetaining();
+    std::vector<std::thread> users;
+    for (int user = 0; user < 4; ++user)
+        users.emplace_back([this] {
+            auto own = Connect();
+            for (int i = 0; i < 50; ++i) {
+                own->ExecSQL({"UPDATE {CADFLUXO} SET ORDEM = ORDEM + 1"});
+                own->CommitRetaining();
+            }
+        });
+    for (auto& user : users)
+        user.join();
+    EXPECT_EQ(Value(*db, {"SELECT ORDEM FROM {CADFLUXO}"}), "200");
 }
 
 TEST_P(Transaction, ErrorsNameKindTableAndColumnsAndNeverTheStatement)

@@ -134,6 +134,7 @@ TFirebirdStatement::TItem TFirebirdStatement::Describe(IMessageMetadata& metadat
     item.nullOffset = metadata.getNullOffset(&status, index);
     item.length = metadata.getLength(&status, index);
     item.isUtf8 = (metadata.getCharSet(&status, index) & 0xFF) == Utf8;
+    item.name = metadata.getAlias(&status, index);
     status.Check();
     return item;
 }
@@ -294,13 +295,11 @@ std::int64_t TFirebirdStatement::Run(Firebird::ITransaction& transaction, TTable
 
 void TFirebirdStatement::AddColumns(TTableData& result) const
 {
-    for (unsigned i = 0; i < outputs_.size(); ++i) {
-        const auto& item = outputs_[i];
+    for (const auto& item : outputs_) {
         const bool isText = item.type == TWireType::Text;
         const int characters = static_cast<int>(item.isUtf8 ? item.length / BytesOfUtf8 : item.length);
-        result.AddColumn(outputMetadata_->getAlias(&status_, i), KindOf(item.type), isText ? characters : 0);
+        result.AddColumn(item.name, KindOf(item.type), isText ? characters : 0);
     }
-    status_.Check();
 }
 
 void TFirebirdStatement::Fetch(Firebird::ITransaction& transaction, TTableData& result)

@@ -35,6 +35,7 @@ private:
         unsigned length; ///< bytes
         int scale;
         bool isUtf8;
+        std::string name; ///< of a column of the result
     };
 
     void DescribeInput();

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <vector>
 
 namespace alinhavo::postgresql {
 namespace {
@@ -161,19 +162,23 @@ void AppendCell(Oid type, const char* at, int length, TColumnData& column)
 TTableData ReadResult(const PGresult& result)
 {
     TTableData data;
-    const int columns = PQnfields(&result);
     const int rows = PQntuples(&result);
-    for (int i = 0; i < columns; ++i)
+    for (int i = 0; i < PQnfields(&result); ++i)
         data.AddColumn(NameOf(result, i), KindOf(result, i), SizeOf(result, i));
     data.Reserve(static_cast<std::size_t>(rows));
-    for (int i = 0; i < columns; ++i) {
-        auto& column = data.Column(static_cast<std::size_t>(i));
-        const auto type = PQftype(&result, i);
-        for (int row = 0; row < rows; ++row) {
-            if (PQgetisnull(&result, row, i))
-                column.AppendNull();
+
+    std::vector<std::pair<Oid, TColumnData*>> columns;
+    for (int i = 0; i < PQnfields(&result); ++i)
+        columns.emplace_back(PQftype(&result, i), &data.Column(static_cast<std::size_t>(i)));
+    for (int row = 0; row < rows; ++row) {
+        int i = 0;
+        for (const auto& [type, column] : columns) {
+            const int length = PQgetlength(&result, row, i);
+            if (length == 0 && PQgetisnull(&result, row, i))
+                column->AppendNull();
             else
-                AppendCell(type, PQgetvalue(&result, row, i), PQgetlength(&result, row, i), column);
+                AppendCell(type, PQgetvalue(&result, row, i), length, *column);
+            ++i;
         }
     }
     return data;
