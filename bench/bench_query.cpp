@@ -24,10 +24,14 @@ namespace {
 using namespace alinhavo;
 
 constexpr int LookUps = 20'000;
+constexpr int SliceOfLookUps = 500;
 constexpr int Rows = 200'000;
 constexpr int Writes = 6'000;
 constexpr int Rounds = 9;
 constexpr int Colours = 1'000;
+
+/// Does the operations from the one number to before the other.
+using TWork = std::function<void(int, int)>;
 
 double sink = 0; ///< what is read is added here, so that nothing is left out
 
@@ -44,17 +48,23 @@ double Median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-void Compare(const char* name, double limit, const std::function<void()>& layer, const std::function<void()>& bare)
+/// Both do `count` operations in slices that alternate, so that the machine's other work falls on both.
+void Compare(const char* name, double limit, int count, int slice, const TWork& layer, const TWork& bare)
 {
-    layer();
-    bare();
+    layer(0, slice);
+    bare(0, slice);
     std::vector<double> ofLayer;
     std::vector<double> ofBare;
     std::vector<double> ratios;
     for (int round = 0; round < Rounds; ++round) {
-        ofLayer.push_back(Milliseconds(layer));
-        ofBare.push_back(Milliseconds(bare));
-        ratios.push_back(ofLayer.back() / ofBare.back());
+        double times[2] = {0, 0};
+        for (int from = 0; from < count; from += slice) {
+            times[0] += Milliseconds([&] { layer(from, from + slice); });
+            times[1] += Milliseconds([&] { bare(from, from + slice); });
+        }
+        ofLayer.push_back(times[0]);
+        ofBare.push_back(times[1]);
+        ratios.push_back(times[0] / times[1]);
     }
     std::printf("%5.2f x (limit %.2f)  %-44s %9.1f ms  bare %9.1f ms\n", Median(ratios), limit, name, Median(ofLayer),
         Median(ofBare));
@@ -83,9 +93,9 @@ void Fill(TSqlDatabase& db)
     db.CommitRetaining();
 }
 
-void LayerLookUps(TSqlDatabase& db)
+void LayerLookUps(TSqlDatabase& db, int from, int to)
 {
-    for (int i = 0; i < LookUps; ++i) {
+    for (int i = from; i < to; ++i) {
         const TStatement statement("SELECT DESCRICAO FROM {CADCOR} WHERE COR = ?", Colour(i));
         sink += static_cast<double>(db.Open(statement).Column(0).Text(0).size());
     }
@@ -97,9 +107,9 @@ void LayerFetch(TSqlDatabase& db)
     sink += static_cast<double>(data.RowCount());
 }
 
-void LayerWrites(TSqlDatabase& db)
+void LayerWrites(TSqlDatabase& db, int from, int to)
 {
-    for (int i = 0; i < Writes; ++i)
+    for (int i = from; i < to; ++i)
         db.ExecSQL({"UPDATE {CADCOR} SET DESCRICAO = ? WHERE COR = ?", "Cor " + std::to_string(i), Colour(i)});
     db.RollbackRetaining();
 }
@@ -118,9 +128,9 @@ public:
         fetch_.Prepare(*this, "SELECT NUMERO, PARTE, COR, TAM, MOV, QT_ORIG, QUANT, DT_S FROM FACCAO");
     }
 
-    void LookUps()
+    void LookUps(int from, int to)
     {
-        for (int i = 0; i < ::LookUps; ++i) {
+        for (int i = from; i < to; ++i) {
             const auto colour = Colour(i);
             const auto length = static_cast<ISC_USHORT>(colour.size());
             std::memcpy(lookUp_.input.data(), &length, sizeof length);
@@ -208,19 +218,19 @@ public:
     TBarePostgreSql(const TBarePostgreSql&) = delete;
     TBarePostgreSql& operator=(const TBarePostgreSql&) = delete;
 
-    void LookUps()
+    void LookUps(int from, int to)
     {
-        for (int i = 0; i < ::LookUps; ++i) {
+        for (int i = from; i < to; ++i) {
             const auto colour = Colour(i);
             const char* values[] = {colour.c_str()};
             Run("lookup", 1, values);
         }
     }
     void Fetch() { Run("fetch", 0, nullptr); }
-    void Writes()
+    void Writes(int from, int to)
     {
         PQclear(PQexec(connection_, "BEGIN"));
-        for (int i = 0; i < ::Writes; ++i) {
+        for (int i = from; i < to; ++i) {
             const auto name = "Cor " + std::to_string(i);
             const auto colour = Colour(i);
             const char* values[] = {name.c_str(), colour.c_str()};
@@ -269,9 +279,11 @@ void MeasureFirebird()
         Fill(*db);
         TBareFirebird bare(address);
         Compare(
-            "Firebird: 20,000 look-ups of a row", 1.15, [&] { LayerLookUps(*db); }, [&] { bare.LookUps(); });
+            "Firebird: 20,000 look-ups of a row", 1.15, LookUps, SliceOfLookUps,
+            [&](int from, int to) { LayerLookUps(*db, from, to); }, [&](int from, int to) { bare.LookUps(from, to); });
         Compare(
-            "Firebird: 200,000 rows of 8 columns", 1.15, [&] { LayerFetch(*db); }, [&] { bare.Fetch(); });
+            "Firebird: 200,000 rows of 8 columns", 1.15, 1, 1, [&](int, int) { LayerFetch(*db); },
+            [&](int, int) { bare.Fetch(); });
     }
     DropDatabase(address);
 }
@@ -286,11 +298,14 @@ void MeasurePostgreSql(const std::string& uri)
         Fill(*db);
         TBarePostgreSql bare(address);
         Compare(
-            "PostgreSQL: 20,000 look-ups of a row", 1.15, [&] { LayerLookUps(*db); }, [&] { bare.LookUps(); });
+            "PostgreSQL: 20,000 look-ups of a row", 1.15, LookUps, SliceOfLookUps,
+            [&](int from, int to) { LayerLookUps(*db, from, to); }, [&](int from, int to) { bare.LookUps(from, to); });
         Compare(
-            "PostgreSQL: 200,000 rows of 8 columns", 1.15, [&] { LayerFetch(*db); }, [&] { bare.Fetch(); });
+            "PostgreSQL: 200,000 rows of 8 columns", 1.15, 1, 1, [&](int, int) { LayerFetch(*db); },
+            [&](int, int) { bare.Fetch(); });
         Compare(
-            "PostgreSQL: 6,000 writes while work is pending", 1.25, [&] { LayerWrites(*db); }, [&] { bare.Writes(); });
+            "PostgreSQL: 6,000 writes while work is pending", 1.25, Writes, Writes,
+            [&](int from, int to) { LayerWrites(*db, from, to); }, [&](int from, int to) { bare.Writes(from, to); });
     }
     DropDatabase(address);
 }

@@ -158,7 +158,7 @@ void TfmFacMov::Limpa_Normal()
     cbMovimento.ClearItems();
     cbMovimento.SetText("");
     imgFoto.SetFile("");
-    CbParte.SetItemIndex(0);
+    CarregaPartes(); // the list may be the last order's
     CbProximo.SetChecked(true);
     cbBaixaBarras.SetChecked(false);
     GbBarra.SetVisible(false);
@@ -207,7 +207,7 @@ void TfmFacMov::TelaKeyDown(TKey& key)
         Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.text());
     } else if (key.name == "F4") {
         AbrePesquisaDoCampo(key);
-    } else if (key.name == "F7" && pnlConfirma.Visible()) {
+    } else if (key.name == "F7" && pnlConfirma.EffectivelyVisible()) {
         key.name.clear();
         Executa_Form("TFmFacProdFunc");
     } else if (key.name == "Esc" && edtDtProducao.Focused()) {

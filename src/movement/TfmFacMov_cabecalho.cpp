@@ -78,7 +78,6 @@ void TfmFacMov::edtSetorProxExit()
         edtSetorProx.SetText("");
         return edtSetorProx.SetFocus();
     }
-    BuscaEmpDestPrincipal();
     Proximo_Mov(edtOFNum.text(), proximo);
 }
 
@@ -127,8 +126,9 @@ void TfmFacMov::ValidaDataProducao()
     const TDateTime ultima = ConsultaValor(select).AsDateTime();
     if (ultima.IsBlank() || edtDtProducao.Date() >= ultima)
         return;
-    Mensagem("A Data de Produção não pode ser menor que " + ultima.Text() + ",\nconforme última movimentação no setor "
-        + LigaSetor(EdtSetor.text(), "DESCRICAO") + ".");
+    Recusa("A Data de Produção não pode ser menor que " + ultima.Text() + ",\nconforme última movimentação no setor "
+            + LigaSetor(EdtSetor.text(), "DESCRICAO") + ".",
+        edtDtProducao);
     Abort();
 }
 
@@ -235,7 +235,7 @@ void TfmFacMov::edtFacDestExit()
         return;
     ValidaDataProducao();
     if (edtFluxo.empty()) {
-        Mensagem("Escolha um fluxo.");
+        Recusa("Escolha um fluxo.", edtFluxo);
         Abort();
     }
     if (edtFacDest.empty()) {

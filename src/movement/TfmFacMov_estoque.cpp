@@ -73,7 +73,8 @@ void TfmFacMov::LancaEstoque()
         return;
     TEstoque estoque(App().Host.stock);
     TbTemp.ForEach([&] {
-        if (TbTemp.Quant.AsInteger() <= 0)
+        const std::int64_t boas = TbTemp.Quant.AsInteger();
+        if (boas <= 0)
             return;
         estoque.Codigo = edtCodproduto.text();
         estoque.Cor = TbTemp.Cor.value();
@@ -82,7 +83,7 @@ void TfmFacMov::LancaEstoque()
         estoque.Deposito = edtCodDeposito.text();
         estoque.Qualidade = edtQual.text();
         estoque.Saida = false;
-        estoque.Quantidade = TbTemp.Quant.value();
+        estoque.Quantidade = static_cast<double>(boas);
         if (sParamFAC10 == "S")
             estoque.Custo = Precos.PrecoProduto(edtOFNum.text(), TbTemp.Cor.value());
         estoque.Documento = edtOFNum.text();

@@ -42,13 +42,10 @@ std::string TfmFacMov::SetorAnterior(std::string_view setor)
         return std::string(setor);
 
     TOrvQuery setores = Consulta(R"(
-        SELECT FAC.OP, MIN(FAC.IDENTIFICADOR) AS PRIMEIRO
-          FROM {FACCAO} FAC
-          LEFT JOIN {FACCAO} FAC_ANT ON FAC_ANT.ID_ANT = FAC.IDENTIFICADOR AND FAC_ANT.NUMERO = FAC.NUMERO
-                                    AND FAC_ANT.PARTE = FAC.PARTE
-          JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FAC.OP
-         WHERE FAC.NUMERO = ? AND FAC.PARTE = ?
-         GROUP BY FAC.OP
+        SELECT FACCAO.OP, MIN(FACCAO.IDENTIFICADOR) AS PRIMEIRO
+          FROM {FACCAO} FACCAO JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FACCAO.OP
+         WHERE FACCAO.NUMERO = ? AND FACCAO.PARTE = ?
+         GROUP BY FACCAO.OP
          ORDER BY 2)",
         edtOFNum.text(), Parte());
     if (setores.IsEmpty() || setores.Locate("OP", {setor}))
@@ -175,7 +172,7 @@ std::vector<std::string> TfmFacMov::FluxosEquivalentes(std::string_view fluxo, s
 bool TfmFacMov::PermissaoSetor(std::string_view setor)
 {
     const std::string funcionario
-        = Busca_Valor("ACESSO_USUARIOS", "NOME", "CODFUN", Aspas(Funcoes().vUsuario())).AsString();
+        = Busca_Valor("ACESSO_USUARIOS", "CODIGO", "CODFUN", Aspas(Funcoes().vUsuarioCodigo())).AsString();
     if (funcionario.empty() || !Existe("ACESSO_SETOR", "TIPO,CODIGO", Aspas("F"), Aspas(funcionario)))
         return true;
     return Existe("ACESSO_SETOR", "TIPO,CODIGO,SETOR", Aspas("F"), Aspas(funcionario), Aspas(setor));

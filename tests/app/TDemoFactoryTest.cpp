@@ -3,6 +3,7 @@
 #include "app/demo/codes.h"
 #include "platform/services/TCertificates.h"
 #include "platform/services/THashedPasswords.h"
+#include "platform/services/TTechnicalSheet.h"
 
 #include <array>
 #include <set>
@@ -229,6 +230,24 @@ TEST_P(DemoFactory, EveryMaterialOfATechnicalSheetIsKnownAndUsedInASectorOfItsPa
         SELECT COUNT(*) FROM {OF1} O
          WHERE NOT EXISTS (SELECT 1 FROM {PCPFTOF} F WHERE F.NUMERO = O.NUMERO))"}),
         0);
+}
+
+TEST_P(DemoFactory, TheSheetOfAnOrderComesOnceForEachSizeAndAddsUpToWhatTheOrderConsumes)
+{
+    const std::string order = Texts({"SELECT MIN(NUMERO) FROM {PCPFTOF} WHERE INSUMO = 'ETQ001'"}).front();
+    TOrvQuery sheet(*db);
+    TTechnicalSheet::Load({.numero = order}, sheet);
+    double labels = 0;
+    std::set<std::string> sizes;
+    for (sheet.First(); !sheet.Eof(); sheet.Next()) {
+        if (sheet.FieldByName("INSUMO").AsString() != "ETQ001")
+            continue;
+        labels += sheet.FieldByName("CONSUMO_TOTAL").AsFloat();
+        sizes.insert(sheet.FieldByName("TAM").AsString());
+    }
+    EXPECT_EQ(labels, Count({"SELECT ATIVOS FROM {OF1} WHERE NUMERO = ?", order})) << "one label for each piece";
+    EXPECT_EQ(
+        static_cast<int>(sizes.size()), Count({"SELECT COUNT(DISTINCT TAM) FROM {OF_ITEN} WHERE NUMERO = ?", order}));
 }
 
 TEST_P(DemoFactory, NoMoreIsReservedThanALotHolds)

@@ -142,6 +142,7 @@ private:
 
     void FillProductStock();
     void FillMaterialStock();
+    void FillStockHistory();
 
     void FillOrderTypes();
     void MakeOrders();

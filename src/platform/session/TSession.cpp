@@ -7,7 +7,7 @@
 namespace alinhavo {
 
 TSession::TSession(IEventSource& source, IView* view, TSessionSetup setup)
-    : TSessionParts {TSessionServices(std::move(setup))}
+    : TSessionParts{TSessionServices(std::move(setup))}
     , TOrvApplication(source, services.Services(), view)
 {
 }
@@ -20,7 +20,7 @@ std::optional<TSessionUser> FindUser(TOrvDatabase& database, std::string_view na
         UpperCase(nameOrCode), UpperCase(nameOrCode)));
     for (std::size_t row = 0; row < found.RowCount(); ++row) {
         if (found.Column(2).Text(row) != "S")
-            return TSessionUser {std::string(found.Column(0).Text(row)), std::string(found.Column(1).Text(row))};
+            return TSessionUser{std::string(found.Column(0).Text(row)), std::string(found.Column(1).Text(row))};
     }
     return std::nullopt;
 }

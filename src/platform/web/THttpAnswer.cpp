@@ -85,7 +85,8 @@ bool FromOwnPage(const THttpRequest& request)
 
 std::string CookieOf(const THttpRequest& request, std::string_view name)
 {
-    for (const auto& [cookie, value] : http::param_list(";" + std::string(request[http::field::cookie]))) {
+    const auto header = ";" + std::string(request[http::field::cookie]);
+    for (const auto& [cookie, value] : http::param_list(header)) {
         if (View(cookie) == name)
             return std::string(value);
     }

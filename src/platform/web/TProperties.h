@@ -16,7 +16,7 @@ class TProperties final : public IPropertySink {
 public:
     explicit TProperties(const TControl& control);
 
-    const std::vector<std::pair<std::string, nlohmann::json>>& All() const { return all_; }
+    const std::vector<std::pair<std::string, nlohmann::json>>& All() const& { return all_; }
 
 private:
     void Text(std::string_view name, std::string_view value) override;

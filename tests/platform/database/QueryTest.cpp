@@ -278,6 +278,22 @@ TEST_P(Query, CaseAndAccentsAreToldApart)
     EXPECT_EQ(Value(*db, {"SELECT COUNT(*) FROM {CADFLUXO}"}), "2");
 }
 
+TEST_P(Query, TextsAreFoundByTheirBeginning)
+{
+    for (const auto* code : {"789123", "789124", "78_", "79", "Á1"})
+        db->ExecSQL({"INSERT INTO {PA_ITEN} (BARRA) VALUES (?)", code});
+    const auto count = [&](const char* beginning) {
+        return Value(*db, {"SELECT COUNT(*) FROM {PA_ITEN} WHERE BARRA STARTING WITH ?", beginning});
+    };
+    EXPECT_EQ(count("7891"), "2");
+    EXPECT_EQ(count("78_"), "1");
+    EXPECT_EQ(count("7%"), "0");
+    EXPECT_EQ(count("Á"), "1");
+    EXPECT_EQ(count("A"), "0");
+    EXPECT_EQ(count(""), "5");
+    EXPECT_EQ(count("789123456789012345"), "0");
+}
+
 TEST_P(Query, TodayAndNowAreWhatWasSet)
 {
     AddSector("010", "Corte");

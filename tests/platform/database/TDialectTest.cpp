@@ -59,6 +59,13 @@ TEST(TDialect, EachKeyOfAnOrderSaysWhereNullsStand)
     EXPECT_EQ(Firebird("SELECT A FROM T ORDER BY A"), "SELECT A FROM T ORDER BY A ");
 }
 
+TEST(TDialect, ABeginningIsFoundByTheServersOperator)
+{
+    const auto* sql = "SELECT A FROM T WHERE A starting  WITH ? OR STARTING = 1";
+    EXPECT_EQ(PostgreSql(sql), "SELECT A FROM T WHERE A ^@ $1 OR STARTING = 1");
+    EXPECT_EQ(Firebird(sql), "SELECT A FROM T WHERE A STARTING WITH ? OR STARTING = 1");
+}
+
 TEST(TDialect, ListsBecomeTheServersAggregate)
 {
     EXPECT_EQ(PostgreSql("SELECT LIST[SETOR, ' ', ORDEM] FROM {FLUXO}"),

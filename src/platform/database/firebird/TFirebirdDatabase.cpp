@@ -81,7 +81,10 @@ TAttachmentPtr Attach(const TDatabaseAddress& address, const TDatabaseOptions& o
 {
     try {
         return AttachRaw(address, options);
-    } catch (const EFirebird&) {
+    } catch (const EFirebird& failure) {
+        if (failure.Has(isc_already_opened))
+            throw EDatabaseError(TDatabaseErrorKind::Connection,
+                "O banco de dados " + address.Text() + " está em uso por outro processo do Alinhavo.");
         RaiseNotOpened(address);
     }
 }

@@ -45,14 +45,14 @@ TDialog& TAnswers::Top(TDialog::TKind kind, const std::string& written) const
 {
     auto* dialog = application_.TopDialog();
     if (!dialog || dialog->kind != kind)
-        throw EMismatch {written, stage_.Top()};
+        throw EMismatch{written, stage_.Top()};
     return *dialog;
 }
 
 void TAnswers::CheckTitle(const TDialog& dialog, const std::optional<std::string>& title) const
 {
     if (title && !TextMatches(*title, dialog.title))
-        throw EMismatch {"titulo " + Quoted(*title), "titulo " + Quoted(dialog.title)};
+        throw EMismatch{"titulo " + Quoted(*title), "titulo " + Quoted(dialog.title)};
 }
 
 void TAnswers::operator()(const TMessage& written) const
@@ -60,7 +60,7 @@ void TAnswers::operator()(const TMessage& written) const
     const auto expected = "! " + Quoted(written.text);
     const auto& dialog = Top(TDialog::TKind::Message, expected);
     if (dialog.buttons != TButtons::Ok || !TextMatches(written.text, dialog.text))
-        throw EMismatch {expected, stage_.Top()};
+        throw EMismatch{expected, stage_.Top()};
     CheckTitle(dialog, written.title);
     Answer(TModalResult::Ok);
 }
@@ -70,7 +70,7 @@ void TAnswers::operator()(const TQuestion& written) const
     const auto expected = "? " + Quoted(written.text);
     const auto& dialog = Top(TDialog::TKind::Message, expected);
     if (dialog.buttons == TButtons::Ok || !TextMatches(written.text, dialog.text))
-        throw EMismatch {expected, stage_.Top()};
+        throw EMismatch{expected, stage_.Top()};
     CheckTitle(dialog, written.title);
     Answer(Result(written.answer, dialog));
 }
@@ -78,10 +78,9 @@ void TAnswers::operator()(const TQuestion& written) const
 void TAnswers::operator()(const TInput& written) const
 {
     const auto* dialog = application_.TopDialog();
-    const bool asksText
-        = dialog && (dialog->kind == TDialog::TKind::Input || dialog->kind == TDialog::TKind::Date);
+    const bool asksText = dialog && (dialog->kind == TDialog::TKind::Input || dialog->kind == TDialog::TKind::Date);
     if (!asksText || !TextMatches(written.title, dialog->title) || !TextMatches(written.prompt, dialog->text))
-        throw EMismatch {Expected(written), stage_.Top()};
+        throw EMismatch{Expected(written), stage_.Top()};
     AnswerOrCancel(written.value);
 }
 
@@ -92,14 +91,15 @@ void TAnswers::operator()(const TLookup& written) const
         return Answer(TModalResult::Cancel);
     if (written.kind == TLookup::TKind::NotOffered) {
         if (OfferedRow(written.rows.front()) >= 0)
-            throw EMismatch {"no row " + Written(written.rows.front()) + " in the lookup", "it is offered"};
+            throw EMismatch{"no row " + Written(written.rows.front()) + " in the lookup", "it is offered"};
         return Answer(TModalResult::Cancel);
     }
     std::vector<std::int64_t> rows;
     for (const auto& wanted : written.rows) {
-        const auto row = written.rows.size() == 1 ? OfferedRow(wanted) : FindRow(*application_.TopDialog()->rows, wanted);
+        const auto row
+            = written.rows.size() == 1 ? OfferedRow(wanted) : FindRow(*application_.TopDialog()->rows, wanted);
         if (row < 0)
-            throw EMismatch {"the row " + Written(wanted) + " in the lookup", "it is not offered"};
+            throw EMismatch{"the row " + Written(wanted) + " in the lookup", "it is not offered"};
         rows.push_back(row);
     }
     Answer(TModalResult::Ok, {}, std::move(rows));
@@ -137,7 +137,7 @@ void TAnswers::operator()(const TModal& written) const
         return Answer(TModalResult::Ok);
     const auto* form = application_.ActiveForm();
     if (dialog || !form || !SameText(form->ClassName(), written.screen))
-        throw EMismatch {"the modal screen " + written.screen, stage_.Top()};
+        throw EMismatch{"the modal screen " + written.screen, stage_.Top()};
 }
 
 void TAnswers::Answer(TModalResult answer, std::string text, std::vector<std::int64_t> rows) const

@@ -10,7 +10,10 @@
 namespace alinhavo::roteiro {
 namespace {
 
-std::string Counted(std::size_t count, std::string_view what) { return std::to_string(count) + " " + std::string(what); }
+std::string Counted(std::size_t count, std::string_view what)
+{
+    return std::to_string(count) + " " + std::string(what);
+}
 
 std::string Row(const TTableData& data, std::size_t row)
 {
@@ -50,28 +53,30 @@ std::string Texts(const std::vector<std::string>& texts)
 void Expect(bool fulfilled, const std::string& name, std::string_view expected, std::string_view got)
 {
     if (!fulfilled)
-        throw EMismatch {name + " " + std::string(expected), std::string(got)};
+        throw EMismatch{name + " " + std::string(expected), std::string(got)};
 }
 
 } // namespace
 
-TChecks::TChecks(IWorld& world, IPlayedSession& session)
-    : world_(world)
-    , session_(session)
-    , stage_(session.Thread().Application())
+IPlayedSession& TChecks::Session() const
 {
+    if (!session_)
+        throw EMismatch{"a user (usuario)", "nobody is logged in"};
+    return *session_;
 }
 
 void TChecks::operator()(const TExpectText& check) const
 {
-    const auto got = stage_.Text(check.control);
+    const auto stage = Stage();
+    const auto got = stage.Text(check.control);
     if (!SameShown(check.value.text, got))
-        throw EMismatch {Quoted(check.value.text), Quoted(got)};
+        throw EMismatch{Quoted(check.value.text), Quoted(got)};
 }
 
 void TChecks::operator()(const TExpectState& check) const
 {
-    const auto& control = stage_.Control(check.control);
+    const auto stage = Stage();
+    const auto& control = stage.Control(check.control);
     const auto& name = check.control;
     switch (check.state) {
     case TState::Enabled:
@@ -83,11 +88,11 @@ void TChecks::operator()(const TExpectState& check) const
     case TState::Invisible:
         return Expect(!control.EffectivelyVisible(), name, "invisivel", "visivel");
     case TState::Focused:
-        return Expect(control.Focused(), name, "foco", "the focus in " + stage_.FocusedControl());
+        return Expect(control.Focused(), name, "foco", "the focus in " + stage.FocusedControl());
     case TState::Checked:
-        return Expect(stage_.Checked(name), name, "marcado", "desmarcado");
+        return Expect(stage.Checked(name), name, "marcado", "desmarcado");
     case TState::Unchecked:
-        return Expect(!stage_.Checked(name), name, "desmarcado", "marcado");
+        return Expect(!stage.Checked(name), name, "desmarcado", "marcado");
     case TState::ReadOnly:
     case TState::Editable:
         break;
@@ -96,39 +101,44 @@ void TChecks::operator()(const TExpectState& check) const
 
 void TChecks::operator()(const TExpectRows& check) const
 {
-    const auto got = stage_.Rows(check.grid).RecordCount();
+    const auto stage = Stage();
+    const auto got = stage.Rows(check.grid).RecordCount();
     if (got != static_cast<std::size_t>(check.count))
-        throw EMismatch {Counted(static_cast<std::size_t>(check.count), "rows"), Counted(got, "rows")};
+        throw EMismatch{Counted(static_cast<std::size_t>(check.count), "rows"), Counted(got, "rows")};
 }
 
 void TChecks::operator()(const TExpectSum& check) const
 {
-    const TValue got(stage_.Rows(check.grid).Sum(stage_.Field(check.grid, check.column).Name()));
+    const auto stage = Stage();
+    const TValue got(stage.Rows(check.grid).Sum(stage.Field(check.grid, check.column).Name()));
     if (!SameValue(check.value, got))
-        throw EMismatch {check.value.text, got.AsString()};
+        throw EMismatch{check.value.text, got.AsString()};
 }
 
 void TChecks::operator()(const TExpectCell& check) const
 {
-    const auto row = stage_.Row(check.grid, check.row);
-    const auto& field = stage_.Field(check.grid, check.column);
-    const auto& rows = stage_.Rows(check.grid);
+    const auto stage = Stage();
+    const auto row = stage.Row(check.grid, check.row);
+    const auto& field = stage.Field(check.grid, check.column);
+    const auto& rows = stage.Rows(check.grid);
     const auto got = rows.CellValue(row, field);
     if (!SameCell(check.value, got) && !SameShown(check.value.text, rows.CellText(row, field)))
-        throw EMismatch {Written(check.value), Written(got)};
+        throw EMismatch{Written(check.value), Written(got)};
 }
 
 void TChecks::operator()(const TExpectItems& check) const
 {
-    const auto got = stage_.Items(check.control);
+    const auto stage = Stage();
+    const auto got = stage.Items(check.control);
     if (!std::ranges::equal(check.items, got, TextMatches))
-        throw EMismatch {Texts(check.items), Texts(got)};
+        throw EMismatch{Texts(check.items), Texts(got)};
 }
 
 void TChecks::operator()(const TExpectColumn& check) const
 {
-    const auto& grid = stage_.Grid(check.grid);
-    const auto& field = stage_.Column(grid, check.column).field;
+    const auto stage = Stage();
+    const auto& grid = stage.Grid(check.grid);
+    const auto& field = stage.Column(grid, check.column).field;
     switch (check.state) {
     case TState::ReadOnly:
         return Expect(grid.ColumnReadOnly(field), check.column, "somenteleitura", "editavel");
@@ -146,7 +156,8 @@ void TChecks::operator()(const TExpectColumn& check) const
 /// The menu has been opened, as its items are shown and hidden by that.
 void TChecks::operator()(const TExpectMenu& check) const
 {
-    const auto& item = stage_.MenuItem(check.control, check.item);
+    const auto stage = Stage();
+    const auto& item = stage.MenuItem(check.control, check.item);
     switch (check.state) {
     case TState::Visible:
         return Expect(item.Visible(), check.item, "visivel", "invisivel");
@@ -163,17 +174,17 @@ void TChecks::operator()(const TExpectMenu& check) const
 
 void TChecks::operator()(const TExpectSql& check) const
 {
-    const auto got = check.pending ? session_.Query(check.statement) : world_.Query(check.statement);
+    const auto got = check.pending ? Session().Query(check.statement) : world_.Query(check.statement);
     if (got.RowCount() != 1)
-        throw EMismatch {Row(check.values), Counted(got.RowCount(), "rows")};
+        throw EMismatch{Row(check.values), Counted(got.RowCount(), "rows")};
     if (!SameRow(check.values, got))
-        throw EMismatch {Row(check.values), Row(got, 0)};
+        throw EMismatch{Row(check.values), Row(got, 0)};
 }
 
 std::vector<std::string> TChecks::LogTexts(const std::string& module) const
 {
-    const auto lines = session_.Query(
-        "SELECT TEXTO FROM {GERALOG} WHERE MODULO = " + Aspas(module) + " ORDER BY IDENTIFICADOR");
+    const auto lines
+        = Session().Query("SELECT TEXTO FROM {GERALOG} WHERE MODULO = " + Aspas(module) + " ORDER BY IDENTIFICADOR");
     std::vector<std::string> texts;
     for (std::size_t row = 0; row < lines.RowCount(); ++row)
         texts.emplace_back(lines.Column(0).Text(row));
@@ -186,29 +197,29 @@ void TChecks::operator()(const TExpectLog& check) const
     if (check.last && texts.size() > 1)
         texts.erase(texts.begin(), texts.end() - 1);
     if (std::ranges::none_of(texts, [&](const auto& text) { return TextMatches(check.text, text); }))
-        throw EMismatch {Quoted(check.text), Texts(texts)};
+        throw EMismatch{Quoted(check.text), Texts(texts)};
 }
 
 void TChecks::operator()(const TExpectLogRows& check) const
 {
     const auto got = LogTexts(check.module).size();
     if (got != static_cast<std::size_t>(check.count))
-        throw EMismatch {Counted(static_cast<std::size_t>(check.count), "lines"), Counted(got, "lines")};
+        throw EMismatch{Counted(static_cast<std::size_t>(check.count), "lines"), Counted(got, "lines")};
 }
 
 void TChecks::operator()(const TExpectReport& check) const
 {
-    const auto got = session_.LastReport();
+    const auto got = Session().LastReport();
     const auto named = [](const std::string& layout) { return layout.empty() ? "no report" : Quoted(layout); };
     if (got != check.layout)
-        throw EMismatch {named(check.layout), named(got)};
+        throw EMismatch{named(check.layout), named(got)};
 }
 
 void TChecks::operator()(const TExpectReportText& check) const
 {
-    const auto got = session_.LastReportText();
+    const auto got = Session().LastReportText();
     if (!TextMatches("…" + check.text + "…", got))
-        throw EMismatch {Quoted(check.text), got.empty() ? "a report without text" : Quoted(got)};
+        throw EMismatch{Quoted(check.text), got.empty() ? "a report without text" : Quoted(got)};
 }
 
 } // namespace alinhavo::roteiro

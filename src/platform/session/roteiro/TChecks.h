@@ -8,7 +8,12 @@ namespace alinhavo::roteiro {
 /// What must be so in a session: EMismatch when it is not.
 class TChecks {
 public:
-    TChecks(IWorld& world, IPlayedSession& session);
+    /// `session` is null while nobody is logged in.
+    TChecks(IWorld& world, IPlayedSession* session)
+        : world_(world)
+        , session_(session)
+    {
+    }
 
     void operator()(const TExpectText& check) const;
     void operator()(const TExpectState& check) const;
@@ -25,11 +30,12 @@ public:
     void operator()(const TExpectReportText& check) const;
 
 private:
+    IPlayedSession& Session() const;
+    TStage Stage() const { return TStage(Session().Thread().Application()); }
     std::vector<std::string> LogTexts(const std::string& module) const;
 
     IWorld& world_;
-    IPlayedSession& session_;
-    TStage stage_;
+    IPlayedSession* session_;
 };
 
 } // namespace alinhavo::roteiro

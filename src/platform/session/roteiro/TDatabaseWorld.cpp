@@ -37,7 +37,8 @@ void TDatabaseWorld::Begin(TFactory factory)
 {
     address_ = copies_.Make(factory);
     database_ = OpenDatabase(*address_);
-    folder_ = copies_.Folder() / ("arquivos_" + (address_->name.empty() ? fs::path(address_->path).stem().string() : address_->name));
+    folder_ = copies_.Folder()
+        / ("arquivos_" + (address_->name.empty() ? fs::path(address_->path).stem().string() : address_->name));
     fs::create_directories(folder_ / "enviados");
     configuration_ = TConfiguration::Parse("[Caminho]\npath = " + folder_.string() + "\n");
 }
@@ -62,10 +63,10 @@ void TDatabaseWorld::Execute(const std::string& sql)
 void TDatabaseWorld::SetParameter(const TParameter& parameter)
 {
     Commit([&] {
-        database_->ExecSQL(TStatement(
-            "DELETE FROM {PARAMETRO} WHERE GRUPO = ? AND NUMERO = ?", parameter.group, parameter.number));
-        database_->ExecSQL(TStatement("INSERT INTO {PARAMETRO} (GRUPO, NUMERO, VALOR) VALUES (?, ?, ?)", parameter.group,
-            parameter.number, parameter.value));
+        database_->ExecSQL(
+            TStatement("DELETE FROM {PARAMETRO} WHERE GRUPO = ? AND NUMERO = ?", parameter.group, parameter.number));
+        database_->ExecSQL(TStatement("INSERT INTO {PARAMETRO} (GRUPO, NUMERO, VALOR) VALUES (?, ?, ?)",
+            parameter.group, parameter.number, parameter.value));
     });
 }
 
@@ -102,9 +103,9 @@ std::unique_ptr<IPlayedSession> TDatabaseWorld::LogIn(const std::string& name)
     users_.push_back(user->code);
     for (const auto& setting : settings_)
         WriteSetting(setting, user->code);
-    return std::make_unique<TPlayedSession>(OpenDatabase(*address_, {.company = std::string(company)}), *std::move(user),
-        std::string(company),
-        TPlayedSession::TGround {
+    return std::make_unique<TPlayedSession>(OpenDatabase(*address_, {.company = std::string(company)}),
+        *std::move(user), std::string(company),
+        TPlayedSession::TGround{
             .preferences = *database_,
             .configuration = configuration_,
             .passwords = passwords_,

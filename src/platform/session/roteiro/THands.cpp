@@ -68,7 +68,8 @@ void THands::operator()(const TWrite& action) const
     Focus(action.control);
     for (const auto& character : Characters(action.text)) {
         if (!HasFocus(action.control))
-            throw EMismatch {"the focus in " + action.control + " until all is typed", "the focus in " + stage_.FocusedControl()};
+            throw EMismatch{
+                "the focus in " + action.control + " until all is typed", "the focus in " + stage_.FocusedControl()};
         if (!PressCharacter(action.control, character))
             continue;
         const auto before = std::exchange(replaces, false) ? std::string() : stage_.Text(action.control);
@@ -131,12 +132,9 @@ void THands::operator()(const TFillCell& action) const
 void THands::FillTick(const TFillCell& action, std::size_t row, const std::string& column) const
 {
     if (action.text != "S" && action.text != "N")
-        throw EMismatch {"S or N in a column to tick", Quoted(action.text)};
-    send_({.kind = GridTick,
-        .control = action.grid,
-        .column = column,
-        .row = EventRow(row),
-        .flag = action.text == "S"});
+        throw EMismatch{"S or N in a column to tick", Quoted(action.text)};
+    send_(
+        {.kind = GridTick, .control = action.grid, .column = column, .row = EventRow(row), .flag = action.text == "S"});
 }
 
 void THands::GoToCell(const std::string& grid, std::size_t row, const std::string& column) const
@@ -144,9 +142,10 @@ void THands::GoToCell(const std::string& grid, std::size_t row, const std::strin
     Focus(grid);
     send_({.kind = GridCell, .control = grid, .column = column, .row = EventRow(row)});
     const auto& there = stage_.Grid(grid);
-    const bool arrived = HasFocus(grid) && there.CurrentRow() == EventRow(row) && alinhavo::SameText(there.Column(), column);
+    const bool arrived
+        = HasFocus(grid) && there.CurrentRow() == EventRow(row) && alinhavo::SameText(there.Column(), column);
     if (!arrived)
-        throw EMismatch {"the cell " + std::to_string(row + 1) + " " + column + " of " + grid,
+        throw EMismatch{"the cell " + std::to_string(row + 1) + " " + column + " of " + grid,
             "the cell " + std::to_string(there.CurrentRow() + 1) + " " + there.Column() + ", the focus in "
                 + stage_.FocusedControl()};
 }
@@ -196,7 +195,7 @@ void THands::operator()(const TMenu& action) const
 
 void THands::OpenMenu(const std::string& control, const std::string& column) const
 {
-    TUserEvent event {.kind = TUserEvent::TKind::OpenMenu, .control = control};
+    TUserEvent event{.kind = TUserEvent::TKind::OpenMenu, .control = control};
     if (const auto* grid = dynamic_cast<const TGrid*>(&stage_.Control(control))) {
         event.row = grid->CurrentRow();
         event.column = column.empty() ? grid->Column() : ColumnField(control, column);
@@ -212,7 +211,7 @@ void THands::Focus(const std::string& control) const
 {
     send_({.kind = TUserEvent::TKind::Focus, .control = control});
     if (!HasFocus(control))
-        throw EMismatch {"the focus in " + control, "the focus in " + stage_.FocusedControl()};
+        throw EMismatch{"the focus in " + control, "the focus in " + stage_.FocusedControl()};
 }
 
 void THands::Press(const std::string& control, const TKey& key) const

@@ -13,14 +13,15 @@ TPlayedSession::TPlayedSession(
     database_->OnStatement = [this](const TStatement& statement) { failures_.Count(statement); };
     thread_ = std::make_unique<TSessionThread>([&](IEventSource& source) {
         auto session = std::make_unique<TSession>(source, nullptr,
-            TSessionSetup {
+            TSessionSetup{
                 .database = *database_,
                 .preferences = ground.preferences,
                 .configuration = ground.configuration,
                 .user = std::move(user),
                 .company = company,
                 .passwords = ground.passwords,
-                .openDatabase = [](const std::string& address) { return OpenDatabase(TDatabaseAddress::Parse(address)); },
+                .openDatabase
+                = [](const std::string& address) { return OpenDatabase(TDatabaseAddress::Parse(address)); },
                 .rfid = ground.rfid,
                 .reports = &reports_,
             });

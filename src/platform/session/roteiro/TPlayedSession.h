@@ -21,7 +21,8 @@ public:
         TDateTime now; ///< blank: the clock's
     };
 
-    TPlayedSession(std::unique_ptr<TSqlDatabase> database, TSessionUser user, const std::string& company, const TGround& ground);
+    TPlayedSession(
+        std::unique_ptr<TSqlDatabase> database, TSessionUser user, const std::string& company, const TGround& ground);
 
     TSessionThread& Thread() override { return *thread_; }
     TTableData Query(const std::string& sql) override { return database_->OpenText(sql); }

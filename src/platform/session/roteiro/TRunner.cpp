@@ -25,7 +25,7 @@ std::vector<TFailure> TRunner::Run(const std::vector<TLine>& lines)
 void TRunner::Stop(const TLine& line, EMismatch mismatch)
 {
     failures_.push_back({line.place, line.source, std::move(mismatch)});
-    throw TStopped {};
+    throw TStopped{};
 }
 
 void TRunner::Play(const TLine& line)
@@ -62,11 +62,12 @@ void TRunner::PlayCheck(const TLine& line, const TKind& check)
     try {
         if constexpr (std::same_as<TKind, TExpectMenu>)
             Act(line, [&] {
-                THands(Application(), [this](TUserEvent event) { Send(std::move(event)); })
-                    .OpenMenu(check.control, check.column);
+                THands(Application(), [this](TUserEvent event) {
+                    Send(std::move(event));
+                }).OpenMenu(check.control, check.column);
             });
-        World();
-        TChecks (world_, Session())(check);
+        const auto session = sessions_.find(current_);
+        TChecks(World(), session == sessions_.end() ? nullptr : session->second.get())(check);
     } catch (const EMismatch& mismatch) {
         failures_.push_back({line.place, line.source, mismatch});
     } catch (const std::exception& error) {
@@ -83,8 +84,8 @@ void TRunner::Act(const TLine& line, const std::function<void()>& act)
         TAction* outer;
         ~TRestore() { slot = outer; }
     };
-    TAction action {line, Session()};
-    const TRestore restore {action_, std::exchange(action_, &action)};
+    TAction action{line, Session()};
+    const TRestore restore{action_, std::exchange(action_, &action)};
     act();
     FinishAction();
 }
@@ -95,7 +96,7 @@ void TRunner::Send(TUserEvent event)
     while (!outcome->done)
         AnswerTop();
     if (!outcome->refusal.empty())
-        throw EMismatch {"what a person can do", outcome->refusal};
+        throw EMismatch{"what a person can do", outcome->refusal};
 }
 
 /// The lines in front of the next dialog are played while that dialog waits.
@@ -106,9 +107,9 @@ void TRunner::AnswerTop()
     while (action.next < inner.size() && !IsDialog(inner[action.next].step))
         Play(inner[action.next++]);
     if (&Session() != &action.session)
-        throw EMismatch {"the session whose dialog waits", "session " + current_};
+        throw EMismatch{"the session whose dialog waits", "session " + current_};
     if (action.next == inner.size())
-        throw EMismatch {"no dialog", TStage(Application()).Top()};
+        throw EMismatch{"no dialog", TStage(Application()).Top()};
     PlayDialog(inner[action.next++]);
 }
 
@@ -164,14 +165,14 @@ IPlayedSession& TRunner::Session() const
 {
     const auto found = sessions_.find(current_);
     if (found == sessions_.end())
-        throw EMismatch {"a user in session " + current_, "nobody is logged in (usuario)"};
+        throw EMismatch{"a user in session " + current_ + " (usuario)", "nobody is logged in"};
     return *found->second;
 }
 
 void TRunner::Do(const TDatabase& step)
 {
     if (std::exchange(begun_, true))
-        throw EMismatch {"the database named before all else", "it is in use already"};
+        throw EMismatch{"the database named before all else", "it is in use already"};
     world_.Begin(step.factory);
 }
 
@@ -192,7 +193,7 @@ void TRunner::Do(const TUser& step)
 {
     const auto present = sessions_.find(current_);
     if (action_ && present != sessions_.end() && present->second.get() == &action_->session)
-        throw EMismatch {"a session without an open dialog", "session " + current_ + " is at work"};
+        throw EMismatch{"a session without an open dialog", "session " + current_ + " is at work"};
     sessions_.erase(current_);
     sessions_.emplace(current_, World().LogIn(step.name));
 }

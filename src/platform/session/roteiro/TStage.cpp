@@ -45,19 +45,20 @@ TForm& TStage::Form() const
 {
     if (auto* form = application_.ActiveForm())
         return *form;
-    throw EMismatch {"a screen that is open", "none"};
+    throw EMismatch{"a screen that is open", "none"};
 }
 
 TControl& TStage::Control(std::string_view name) const
 {
     if (auto* control = dynamic_cast<TControl*>(Form().FindComponent(name)))
         return *control;
-    throw EMismatch {"a control " + std::string(name), "none of that name in " + Form().ClassName()};
+    throw EMismatch{"a control " + std::string(name), "none of that name in " + Form().ClassName()};
 }
 
 void TStage::WrongKind(std::string_view name, std::string_view kind) const
 {
-    throw EMismatch {std::string(kind) + " " + std::string(name), "a control of the kind " + std::string(Control(name).Kind())};
+    throw EMismatch{
+        std::string(kind) + " " + std::string(name), "a control of the kind " + std::string(Control(name).Kind())};
 }
 
 TGrid& TStage::Grid(std::string_view name) const { return ControlOf<TGrid>(name, "a grid"); }
@@ -70,9 +71,9 @@ TDataSet& TStage::Rows(std::string_view gridOrTable) const
     if (auto* grid = dynamic_cast<TGrid*>(component)) {
         if (auto* rows = grid->DataSet())
             return *rows;
-        throw EMismatch {"rows in " + std::string(gridOrTable), "a grid without a table"};
+        throw EMismatch{"rows in " + std::string(gridOrTable), "a grid without a table"};
     }
-    throw EMismatch {"a grid or table " + std::string(gridOrTable), "none of that name in " + Form().ClassName()};
+    throw EMismatch{"a grid or table " + std::string(gridOrTable), "none of that name in " + Form().ClassName()};
 }
 
 std::size_t TStage::Row(std::string_view gridOrTable, const TRowName& row, bool allowNew) const
@@ -81,7 +82,7 @@ std::size_t TStage::Row(std::string_view gridOrTable, const TRowName& row, bool 
     if (const auto* number = std::get_if<int>(&row)) {
         const auto index = static_cast<std::size_t>(*number - 1);
         if (index >= rows.RecordCount() + (allowNew ? 1 : 0))
-            throw EMismatch {"a row " + std::to_string(*number), std::to_string(rows.RecordCount()) + " rows"};
+            throw EMismatch{"a row " + std::to_string(*number), std::to_string(rows.RecordCount()) + " rows"};
         return index;
     }
     TMatches matches = std::get<TMatches>(row);
@@ -89,7 +90,7 @@ std::size_t TStage::Row(std::string_view gridOrTable, const TRowName& row, bool 
         match.column = Field(gridOrTable, match.column).Name();
     const auto found = FindRow(rows, matches);
     if (found < 0)
-        throw EMismatch {"a row " + Written(row), "none among " + std::to_string(rows.RecordCount())};
+        throw EMismatch{"a row " + Written(row), "none among " + std::to_string(rows.RecordCount())};
     return static_cast<std::size_t>(found);
 }
 
@@ -99,7 +100,7 @@ std::int64_t FindRow(const TDataSet& rows, const TMatches& matches)
         return std::ranges::all_of(matches, [&](const TMatch& match) {
             const auto* field = FindField(rows, match.column);
             if (!field)
-                throw EMismatch {"a column " + match.column, "none of that name"};
+                throw EMismatch{"a column " + match.column, "none of that name"};
             return SameCell({match.value, false}, rows.CellValue(row, *field));
         });
     };
@@ -118,7 +119,7 @@ TField& TStage::Field(std::string_view gridOrTable, std::string_view column) con
     const auto* grid = dynamic_cast<TGrid*>(Form().FindComponent(gridOrTable));
     if (const auto* found = grid ? FindColumn(*grid, column) : nullptr)
         return rows.FieldByName(found->field);
-    throw EMismatch {"a column " + std::string(column), "none of that name in " + std::string(gridOrTable)};
+    throw EMismatch{"a column " + std::string(column), "none of that name in " + std::string(gridOrTable)};
 }
 
 const TGridColumn* TStage::FindColumn(const TGrid& grid, std::string_view fieldOrTitle) const
@@ -138,21 +139,21 @@ const TGridColumn& TStage::Column(const TGrid& grid, std::string_view fieldOrTit
 {
     if (const auto* column = FindColumn(grid, fieldOrTitle))
         return *column;
-    throw EMismatch {"a column " + std::string(fieldOrTitle), "none of that name in " + grid.Name()};
+    throw EMismatch{"a column " + std::string(fieldOrTitle), "none of that name in " + grid.Name()};
 }
 
 TMenuItem& TStage::MenuItem(std::string_view control, std::string_view caption) const
 {
     auto* menu = Control(control).PopupMenu();
     if (!menu)
-        throw EMismatch {"a menu of " + std::string(control), "none"};
+        throw EMismatch{"a menu of " + std::string(control), "none"};
     std::vector<std::string> captions;
     for (auto* item : menu->Items()) {
         captions.push_back(WithoutMark(item->Caption()));
         if (TextMatches(caption, captions.back()))
             return *item;
     }
-    throw EMismatch {"the item " + Quoted(caption), List(captions)};
+    throw EMismatch{"the item " + Quoted(caption), List(captions)};
 }
 
 std::string TStage::Text(std::string_view control) const
@@ -187,7 +188,7 @@ int TStage::Item(std::string_view control, std::string_view codeOrText) const
     if (found == items.end())
         found = std::ranges::find_if(items, [&](const auto& item) { return CodeOf(item) == codeOrText; });
     if (found == items.end())
-        throw EMismatch {"the item " + Quoted(codeOrText), List(items)};
+        throw EMismatch{"the item " + Quoted(codeOrText), List(items)};
     return static_cast<int>(found - items.begin());
 }
 
@@ -199,7 +200,7 @@ int TStage::Page(std::string_view control, std::string_view caption) const
         if (TextMatches(caption, captions.back()))
             return page->PageIndex();
     }
-    throw EMismatch {"the page " + Quoted(caption), List(captions)};
+    throw EMismatch{"the page " + Quoted(caption), List(captions)};
 }
 
 bool TStage::Checked(std::string_view control) const

@@ -16,10 +16,7 @@ namespace fs = std::filesystem;
 /// Folders of lines that several files share: what is in them is no story of its own.
 constexpr std::string_view sharedFolder = "comum";
 
-bool IsShared(const fs::path& file)
-{
-    return std::ranges::find(file, fs::path(sharedFolder)) != file.end();
-}
+bool IsShared(const fs::path& file) { return std::ranges::find(file, fs::path(sharedFolder)) != file.end(); }
 
 std::vector<fs::path> FindIn(const fs::path& folder)
 {
@@ -49,7 +46,7 @@ std::vector<fs::path> TSuite::Find(const std::vector<fs::path>& filesAndFolders)
     for (const auto& path : filesAndFolders) {
         if (!fs::exists(path))
             throw std::runtime_error(path.string() + " não existe.");
-        const auto found = fs::is_directory(path) ? FindIn(path) : std::vector {path};
+        const auto found = fs::is_directory(path) ? FindIn(path) : std::vector{path};
         files.insert(files.end(), found.begin(), found.end());
     }
     return files;

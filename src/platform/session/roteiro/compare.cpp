@@ -50,8 +50,8 @@ bool HasThousands(std::string_view whole)
     const auto groups = Explode(whole, ".");
     if (groups.size() < 2 || groups[0].size() > 3 || !AllDigits(groups[0]))
         return false;
-    return std::all_of(
-        groups.begin() + 1, groups.end(), [](const std::string& group) { return group.size() == 3 && AllDigits(group); });
+    return std::all_of(groups.begin() + 1, groups.end(),
+        [](const std::string& group) { return group.size() == 3 && AllDigits(group); });
 }
 
 /// The number as its digits, a point and the digits behind it that are not superfluous; nothing for what is no number.

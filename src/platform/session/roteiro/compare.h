@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/session/roteiro/TLine.h"
 #include "forms/TValue.h"
+#include "platform/session/roteiro/TLine.h"
 
 #include <string>
 #include <string_view>
