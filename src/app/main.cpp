@@ -1,4 +1,6 @@
 #include "app/command_demo.h"
+#include "app/command_roteiro.h"
+#include "app/command_verifica.h"
 
 #include <CLI/CLI.hpp>
 
@@ -32,6 +34,20 @@ int main(int argc, char** argv)
     demoCommand.add_option("--semente", demo.seed, "Número que decide o que é sorteado.")->capture_default_str();
     AddDay(demoCommand, "--hoje", demo.today, "Dia de que as datas são contadas, DD/MM/AAAA.");
 
+    TRoteiroOptions roteiro;
+    CLI::App& roteiroCommand = *app.add_subcommand("roteiro", "Executa roteiros e conta os que deram certo.");
+    roteiroCommand.add_option("arquivos", roteiro.files, "Roteiros (.rot) ou pastas deles.")->required();
+    roteiroCommand.add_option(
+        "--banco", roteiro.database, "Endereço de um banco do servidor PostgreSQL a usar; sem ele, arquivos Firebird.");
+
+    TVerificaOptions verifica;
+    CLI::App& verificaCommand
+        = *app.add_subcommand("verifica", "Confere as tabelas entre si e mostra o que não combina.");
+    verificaCommand.add_option("--banco", verifica.database, "Arquivo Firebird ou endereço do banco.")->required();
+    verificaCommand.add_option("--empresa", verifica.company, "Código da empresa.")->capture_default_str();
+
     CLI11_PARSE(app, argc, argv);
-    return RunDemo(demo);
+    if (demoCommand.parsed())
+        return RunDemo(demo);
+    return roteiroCommand.parsed() ? RunRoteiro(roteiro) : RunVerifica(verifica);
 }

@@ -287,6 +287,12 @@ std::size_t TDataSet::Bytes() const { return rows_->Bytes() + view_.Bytes(); }
 
 // ---- Notices
 
+void TDataSet::AddListener(IDataSetListener& listener)
+{
+    listeners_.push_back(&listener);
+    ListenerAdded();
+}
+
 TDataSet::TControlsOff::TControlsOff(TDataSet& dataset)
     : dataset_(dataset)
     , before_(dataset.Bookmark())

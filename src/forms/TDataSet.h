@@ -169,7 +169,7 @@ public:
     TValue CellValue(std::size_t rowIndex, const TField& field) const; ///< null beyond the last row
     std::string CellText(std::size_t rowIndex, const TField& field) const;
 
-    void AddListener(IDataSetListener& listener) { listeners_.push_back(&listener); }
+    void AddListener(IDataSetListener& listener);
     void RemoveListener(IDataSetListener& listener) { std::erase(listeners_, &listener); }
 
     int Tag = 0;
@@ -202,6 +202,13 @@ protected:
     /// exception leaves the row as it is. State() is still Edit or Insert, and OldValue() of the fields as stored.
     virtual void WriteRow() { }
     virtual void EraseRow() { }
+
+    // A dataset that fetches its rows only when they are asked for does so in these, by Adopt; what asked goes on with the
+    // rows that are then there. They are called often, and also while the dataset is closed.
+    virtual void NeedAllRows() { }
+    virtual void NeedCurrentRow() { } ///< only the row that is current; there may be others to fetch
+    virtual void ListenerAdded() { }
+    bool HasListeners() const { return !listeners_.empty(); }
 
 private:
     friend class TField;
@@ -246,8 +253,9 @@ private:
     void VisitRows(const std::vector<TRowNumber>& rows, const std::function<void()>& action);
 
     // View
-    /// Follows the master first.
+    /// Asks for all rows and follows the master first.
     TRowView& View() const;
+    void CatchUpWithMaster() const;
     bool Accepts(TRowNumber row) const;
     void Refill();
     void HideRow(std::size_t position);

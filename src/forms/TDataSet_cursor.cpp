@@ -12,7 +12,11 @@ std::size_t TDataSet::RecNo() const { return IsEmpty() ? 0 : View().Cursor() + 1
 
 std::optional<TRowNumber> TDataSet::CurrentRow() const
 {
-    return state_ == TDataSetState::Insert ? std::nullopt : View().Current();
+    if (state_ == TDataSetState::Insert)
+        return std::nullopt;
+    const_cast<TDataSet*>(this)->NeedCurrentRow();
+    CatchUpWithMaster();
+    return view_.Current();
 }
 
 std::optional<TRowNumber> TDataSet::VisibleRow(std::size_t rowIndex) const

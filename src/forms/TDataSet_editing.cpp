@@ -62,7 +62,7 @@ void TDataSet::Edit()
         return;
     if (!Active())
         throw std::logic_error(Name() + " is closed");
-    if (IsEmpty())
+    if (!CurrentRow())
         return Append();
     BeforeEdit();
     state_ = TDataSetState::Edit;
@@ -186,7 +186,7 @@ void TDataSet::Delete()
         return Cancel();
     for (TDataSet* detail : std::vector(details_))
         detail->CheckBrowse();
-    if (IsEmpty())
+    if (!CurrentRow())
         return;
     BeforeDelete();
     DropEdit();

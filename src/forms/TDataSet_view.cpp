@@ -9,11 +9,18 @@
 
 namespace alinhavo {
 
+// Fetching rows late changes what the dataset holds, not what it stands for: to the one who asks they were there before.
 TRowView& TDataSet::View() const
+{
+    const_cast<TDataSet*>(this)->NeedAllRows();
+    CatchUpWithMaster();
+    return view_;
+}
+
+void TDataSet::CatchUpWithMaster() const
 {
     if (linkIsStale_ && !IsEditing())
         Relink();
-    return view_;
 }
 
 bool TDataSet::Accepts(TRowNumber row) const

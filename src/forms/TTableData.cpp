@@ -88,7 +88,9 @@ void TColumnData::AppendFloat(double value)
 void TColumnData::AppendText(std::string_view value)
 {
     assert(kind_ == TFieldKind::Text);
-    texts_.push_back(pool_->Add(value));
+    // Rows often repeat the text of the row before, which saves looking it up.
+    const bool repeats = !texts_.empty() && texts_.back() != NullText && pool_->Text(texts_.back()) == value;
+    texts_.push_back(repeats ? texts_.back() : pool_->Add(value));
 }
 
 void TColumnData::AppendDate(TDateTime value)

@@ -16,7 +16,8 @@ struct TEstoque;
 class IStock {
 public:
     virtual ~IStock() = default;
-    virtual std::string CodigoTipoMovEstoque(TTipoMovimentoEstoque kind) = 0; ///< TABBAI code; "" when none is configured
+    virtual std::string CodigoTipoMovEstoque(TTipoMovimentoEstoque kind)
+        = 0; ///< TABBAI code; "" when none is configured
     virtual void PostProduct(const TEstoque& posting) = 0;
     virtual void PostMaterial(const TEstoque& posting) = 0;
 };
@@ -34,14 +35,14 @@ struct TEstoque {
     std::string Deposito;
     std::string Qualidade;
     std::string Documento;
-    std::string Origem;         ///< "FC" production, "BC" consumption
-    std::string TipoMovimento;  ///< TABBAI code
-    bool Saida = false;         ///< goods leave the warehouse
+    std::string Origem; ///< "FC" production, "BC" consumption
+    std::string TipoMovimento; ///< TABBAI code
+    bool Saida = false; ///< goods leave the warehouse
     std::string Observacao;
-    double Quantidade = 0;      ///< always above zero; the direction is Saida's
-    double Custo = 0;           ///< unit cost; 0: not given
-    TDateTime Data;             ///< blank: today
-    std::string Tam;            ///< "0" for materials
+    double Quantidade = 0; ///< always above zero; the direction is Saida's
+    double Custo = 0; ///< unit cost; 0: not given
+    TDateTime Data; ///< blank: today
+    std::string Tam; ///< "0" for materials
     std::string Parte;
 
     std::string CodigoTipoMovEstoque(TTipoMovimentoEstoque kind) { return stock_.CodigoTipoMovEstoque(kind); }

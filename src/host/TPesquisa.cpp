@@ -198,7 +198,7 @@ void TPesquisa::PlaceShared()
         columns.append(columns.empty() ? "" : ";").append(column);
         values.push_back(rows_->FieldByName(column).Value());
     }
-    BuscaTable->LocateKey(columns, values);
+    BuscaTable->Locate(columns, values);
 }
 
 } // namespace alinhavo

@@ -28,6 +28,7 @@ struct TIndexDecl {
     std::string_view columns;
     bool unique = false;
     bool descending = false; ///< finds the largest value at once, where an ascending index would read all of them
+    bool prefix = false; ///< finds texts by their beginning (STARTING WITH) too; of one text column
 };
 
 /// Rows of `columns` are held by a row of `table`: the database refuses to delete that row while they exist.

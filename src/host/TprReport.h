@@ -40,8 +40,9 @@ class TprTxReport final : public TprReportBase { };
 class IReports {
 public:
     virtual ~IReports() = default;
-    virtual void Chama_Relatorio(TprReport& report, TprTxReport& textReport, std::string_view layout, TForm& screen,
-        std::string_view email) = 0;
+    virtual void Chama_Relatorio(
+        TprReport& report, TprTxReport& textReport, std::string_view layout, TForm& screen, std::string_view email)
+        = 0;
     virtual void Chama_RelatorioWin(TprReport& report, std::string_view layout, TForm& screen) = 0;
     virtual void Chama_RelatorioTxt(TprTxReport& report, std::string_view layout, TForm& screen) = 0;
 };

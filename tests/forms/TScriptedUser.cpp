@@ -23,7 +23,11 @@ void TScriptedUser::WillPick(std::vector<std::int64_t> rows)
 TUserEvent TScriptedUser::Next()
 {
     const auto* dialog = application_->TopDialog();
-    if (coming_.empty() || (dialog && coming_.front().kind != Answer && coming_.front().kind != Search)) {
+    if (dialog && OnDialog)
+        OnDialog();
+    const bool mayCome = !dialog || coming_.empty() || coming_.front().kind == Answer || coming_.front().kind == Search
+        || coming_.front().kind == Terminate;
+    if (coming_.empty() || !mayCome) {
         ADD_FAILURE() << "nobody told what to do about "
                       << (dialog ? dialog->text : application_->ActiveForm()->Name());
         return {.kind = Terminate};
@@ -31,6 +35,12 @@ TUserEvent TScriptedUser::Next()
     auto event = std::move(coming_.front());
     coming_.pop_front();
     return event;
+}
+
+void TScriptedUser::Handled(const TUserEvent&, std::string_view refusal)
+{
+    if (!refusal.empty())
+        Refusals.emplace_back(refusal);
 }
 
 std::string TScriptedUser::Do(const TUserEvent& event) { return application_->Handle(event); }
@@ -45,20 +55,24 @@ std::string TScriptedUser::WriteBehind(const std::string& control, std::string b
     for (std::size_t i = 1; i <= Length(text); ++i) {
         const auto character = Copy(text, i, 1);
         auto refusal = Press(control, character);
-        if (!refusal.empty() || application_->KeySwallowed())
-            return refusal;
-        before += character;
-        refusal = Do({.kind = Text, .control = control, .text = before});
+        if (refusal.empty() && !application_->KeySwallowed())
+            refusal = Do({.kind = Text, .control = control, .text = before + character});
         if (!refusal.empty())
             return refusal;
+        before = Shown(control);
     }
     return {};
 }
 
-std::string TScriptedUser::Write(std::string control, std::string_view text)
+std::string TScriptedUser::Shown(const std::string& control) const
 {
     const auto* edit = dynamic_cast<TTextControl*>(application_->ActiveForm()->FindComponent(control));
-    return WriteBehind(control, edit ? edit->text() : std::string(), text);
+    return edit ? edit->text() : std::string();
+}
+
+std::string TScriptedUser::Write(std::string control, std::string_view text)
+{
+    return WriteBehind(control, Shown(control), text);
 }
 
 std::string TScriptedUser::Type(std::string control, std::string_view text)

@@ -3,6 +3,7 @@
 #include "forms/TApplication.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,7 +52,13 @@ public:
     bool LastBeeped = false;
     bool Busy = false;
 
+    /// What happens while a dialog has just opened, before it is answered.
+    std::function<void()> OnDialog;
+    /// Why what he did in dialogs and modal screens could not be done.
+    std::vector<std::string> Refusals;
+
     TUserEvent Next() override;
+    void Handled(const TUserEvent& event, std::string_view refusal) override;
     void FormShown(TForm& form) override { ShownForms.push_back(form.Name()); }
     void FormClosed(TForm& form) override { ClosedForms.push_back(form.Name()); }
     void ControlChanged(TControl& control) override { changed_.push_back(control.Name()); }
@@ -62,6 +69,7 @@ public:
     void BusyChanged(bool busy) override { Busy = busy; }
 
 private:
+    std::string Shown(const std::string& control) const;
     std::string WriteBehind(const std::string& control, std::string before, std::string_view text);
 
     TApplication* application_ = nullptr;

@@ -51,6 +51,7 @@ void TDemoFactory::Fill()
     FillSalesPrices();
     FillProductStock();
     FillMaterialStock();
+    FillStockHistory();
 
     FillOrderTypes();
     MakeOrders();

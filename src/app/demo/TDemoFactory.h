@@ -75,6 +75,7 @@ private:
         bool urgent = false;
         TDateTime start;
         TDateTime end;
+        TDateTime delivery; ///< to the client or to stock
         int packs = 0; ///< times the usual weights of the sizes
         std::vector<std::string_view> colours;
         std::vector<TOrderItem> items;
@@ -141,6 +142,7 @@ private:
 
     void FillProductStock();
     void FillMaterialStock();
+    void FillStockHistory();
 
     void FillOrderTypes();
     void MakeOrders();

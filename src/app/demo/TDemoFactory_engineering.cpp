@@ -173,7 +173,7 @@ void TDemoFactory::FillPrints()
         const demo::TTrade trade = print.kind == "E" ? Printing : Embroidery;
         for (const TSubcontractor& subcontractor : subcontractors_) {
             if (subcontractor.trade == trade)
-                makers.Row({print.code, subcontractor.code, 0.70 + 0.05 * random.Between(0, 12)});
+                makers.Row({print.code, subcontractor.code, RoundTo(0.70 + 0.05 * random.Between(0, 12), 2)});
         }
     }
 

@@ -94,8 +94,8 @@ void TDemoFactory::FillMaterials()
         int number = 0;
         for (const demo::TColour& colour : demo::Colours()) {
             if (colour.code != demo::singleColour)
-                dyes.Row(
-                    {subcontractor.code, colour.code, "MTZ-" + Code(4100 + ++number, 4), 1.9 + 0.05 * number, "T"});
+                dyes.Row({subcontractor.code, colour.code, "MTZ-" + Code(4100 + ++number, 4),
+                    RoundTo(1.9 + 0.05 * number, 2), "T"});
         }
     }
 }

@@ -99,6 +99,7 @@ void TDemoFactory::MakeSalesOrder(TRandom& random, int number, TDateTime start)
         order.client = client;
         order.urgent = urgent;
         order.salesOrder = Code(number, 6);
+        order.delivery = NextWorkday(start.AddDays(52));
         orders_.push_back(std::move(order));
     }
 }
@@ -110,6 +111,7 @@ TDemoFactory::TOrder TDemoFactory::MakeOrder(TRandom& random, const TProduct& pr
     order.product = &product;
     order.start = start;
     order.end = AddWorkdays(start, random.Between(24, 34));
+    order.delivery = order.end;
     order.packs = random.Between(3, 14);
     const demo::TSizeRange& range = demo::SizeRangeOf(product.model->range);
     for (const demo::TColour& colour : product.colours) {
@@ -137,13 +139,13 @@ void TDemoFactory::FillSalesOrders()
         if (order.salesOrder.empty())
             continue;
         if (order.salesOrder != previous) {
-            const TDateTime delivery = NextWorkday(order.start.AddDays(52));
             heads.Row({order.salesOrder, order.client, "OC " + Code(random.Between(10000, 99999), 5),
-                "ART-" + Code(random.Between(100, 999), 3), Period(delivery), Programme(order.start),
-                "Corte " + Programme(order.start), "RIS" + Code(random.Between(1, 9999), 5), delivery,
-                delivery.AddDays(3)});
+                "ART-" + Code(random.Between(100, 999), 3), Period(order.delivery), Programme(order.start),
+                "Corte " + Programme(order.start), "RIS" + Code(random.Between(1, 9999), 5), order.delivery,
+                order.delivery.AddDays(3)});
             if (random.Chance(25))
-                inspections.Row({order.salesOrder, delivery.AddDays(-4), "Inspeção do cliente na fábrica, nível II."});
+                inspections.Row(
+                    {order.salesOrder, order.delivery.AddDays(-4), "Inspeção do cliente na fábrica, nível II."});
         }
         previous = order.salesOrder;
         const bool isCalledOff = std::ranges::find(calledOff, index) != calledOff.end();
@@ -174,7 +176,7 @@ void TDemoFactory::FillOrders()
         sequence = !order.salesOrder.empty() && order.salesOrder == previous ? sequence + 1 : 1;
         previous = order.salesOrder;
         heads.Row({order.number, order.product->model->code, order.salesOrder, order.client, order.type,
-            order.urgent ? TValue(demo::urgentPrices) : TValue(), Period(order.end), Programme(order.start),
+            order.urgent ? TValue(demo::urgentPrices) : TValue(), Period(order.delivery), Programme(order.start),
             order.start, order.end, pieces, "N", 0, std::to_string(sequence), ++identity, random.Pick(remarks)});
         for (const TOrderItem& item : order.items)
             rows.Row({order.number, item.colour, item.size, item.quantity, 0, 0, item.quantity, 0});

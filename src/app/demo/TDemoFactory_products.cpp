@@ -94,6 +94,9 @@ double ShareOfPart(std::string_view part)
     return part == "08" ? 0.18 : 1;
 }
 
+/// Sold as several pieces of clothing; a hood is none.
+bool IsSet(const demo::TModel& model) { return demo::MakeOf(model.make).parts.size() > 1 && model.make != "hooded"; }
+
 /// A shop's price ends in 90 cents.
 double ShopPrice(double cost) { return std::floor(cost * 2.4) + 0.90; }
 
@@ -262,12 +265,11 @@ void TDemoFactory::FillProducts()
         // One model is closed for changes, as a product is while its price is being revised.
         const bool closed = model.code == "VES0105";
         rows.Row({model.code, "R" + Code(26000 + ++number, 6), model.name,
-            std::string(family.name) + " " + std::string(model.code),
-            demo::MakeOf(model.make).parts.size() > 1 ? "CJ" : "PC", "S",
+            std::string(family.name) + " " + std::string(model.code), IsSet(model) ? "CJ" : "PC", "S",
             closed ? "Bloqueado p/ Alterações" : "Liberado", "S", model.collection, family.group, model.family,
             model.line, model.brand, IsForChildren(model) ? "00002" : "00001", model.range, family.fiscalClass, "B1",
-            "FT-" + std::string(model.code), family.composition, 0, family.weight, family.weight * 1.08, product.cost,
-            product.price, closed ? "Preço em revisão pela engenharia." : ""});
+            "FT-" + std::string(model.code), family.composition, 0, family.weight, RoundTo(family.weight * 1.08, 3),
+            product.cost, product.price, closed ? "Preço em revisão pela engenharia." : ""});
         costs.Row({model.code, RoundTo(labour, 4)});
         costs.Row({model.code, RoundTo(material, 4)});
         products_.push_back(std::move(product));

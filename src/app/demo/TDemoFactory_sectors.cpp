@@ -1,4 +1,5 @@
 #include "app/demo/TDemoFactory.h"
+#include "forms/numbers.h"
 #include "host/TTableDecl.h"
 #include "platform/services/TTableWriter.h"
 
@@ -44,8 +45,8 @@ void TDemoFactory::FillSectors()
     for (const demo::TSector& sector : demo::Sectors()) {
         const auto on = [&](std::string_view column) { return SwitchOf(sector, column); };
         rows.Row({sector.code, sector.name, order += 10, sector.group, "P", sector.paidQuantity, sector.price,
-            sector.price * 0.9, "3.1.02." + std::string(sector.code), sector.fiscalCode, sector.complement, sector.days,
-            sector.daysOfWeek, sector.piecesPerDay, on("BAIXAPARCIAL"), on("BAIXAMAIOR"), on("BAIXALIVRE"),
+            RoundTo(sector.price * 0.9, 3), "3.1.02." + std::string(sector.code), sector.fiscalCode, sector.complement,
+            sector.days, sector.daysOfWeek, sector.piecesPerDay, on("BAIXAPARCIAL"), on("BAIXAMAIOR"), on("BAIXALIVRE"),
             on("BAIXAMOV"), on("BAIXADEFEITO"), on("BAIXACONSUMO"), on("MOVREPROVADO"), on("ALT_PRECO"),
             on("INVENTARIO"), on("IMP_FLUXO")});
     }

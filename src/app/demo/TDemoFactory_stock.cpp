@@ -9,6 +9,7 @@ constexpr std::string_view shippingWarehouse = "01";
 constexpr std::string_view finishedWarehouse = "07";
 constexpr std::string_view rejectsWarehouse = "08";
 constexpr std::string_view commonLot = "000000";
+constexpr std::string_view countedEntry = "005"; ///< movement type of a count that adds
 
 } // namespace
 
@@ -48,6 +49,25 @@ void TDemoFactory::FillProductStock()
             nullptr, nullptr});
         lots_.push_back({demo::collar, colour.code, std::string(commonLot), shippingWarehouse, double(quantity)});
     }
+}
+
+// What stands in stock was counted on the first day, and is told by its history like all that comes later.
+void TDemoFactory::FillStockHistory()
+{
+    database_.ExecSQL(TStatement(R"(
+        INSERT INTO {PA_MOV} (CODIGO, COR, TAM, LOTE, DEPOSITO, QUALIDADE, ORIGEM, TIPO_MOV, SAIDA, QUANTIDADE, DATA,
+                              OBSERVACAO, USUARIO)
+        SELECT CODIGO, COR, TAM, LOTE, DEPOSITO, TIPO, 'SI', CAST(? AS VARCHAR(3)), 'N', QUANTIDADE, CAST(? AS DATE),
+               'Saldo inicial', 'ADMIN'
+          FROM {PA_ITEN} WHERE QUANTIDADE > 0 ORDER BY IDENTIFICADOR)",
+        countedEntry, today_));
+    database_.ExecSQL(TStatement(R"(
+        INSERT INTO {MAT_MOV} (CODIGO, COR, TAM, LOTE, DEPOSITO, QUALIDADE, ORIGEM, TIPO_MOV, SAIDA, QUANTIDADE, CUSTO,
+                               DATA, OBSERVACAO, USUARIO)
+        SELECT CODIGO, COR, '0', LOTE, DEPOSITO, QUALIDADE, 'SI', CAST(? AS VARCHAR(3)), 'N', QTDE, PRECO_MED,
+               CAST(? AS DATE), 'Saldo inicial', 'ADMIN'
+          FROM {MAT_ITEN} WHERE QTDE > 0 ORDER BY IDENTIFICADOR)",
+        countedEntry, today_));
 }
 
 } // namespace alinhavo

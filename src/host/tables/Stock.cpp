@@ -51,7 +51,7 @@ constexpr TColumnDecl paItenColumns[] = {
 
 constexpr TIndexDecl paItenIndexes[] = {
     {"CODIGO,COR,TAM,DEPOSITO,LOTE"},
-    {"BARRA"},
+    {.columns = "BARRA", .prefix = true},
     {"BARRA28"},
     {"BARRACLI"},
 };

@@ -18,7 +18,8 @@ struct TDatabaseOptions {
     bool forcedWrites = true; ///< at creation: a commit waits for the disk. Off only for databases that may be lost
 };
 
-/// A connection. Raises EDatabaseError (Connection) when there is none to be had.
+/// A connection. Raises EDatabaseError (Connection) when there is none to be had; an embedded database belongs to the one
+/// process that opened it first.
 std::unique_ptr<TSqlDatabase> OpenDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options = {});
 
 /// An empty database, without tables; raises EDatabaseError when it exists.

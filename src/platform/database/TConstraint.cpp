@@ -51,7 +51,8 @@ std::string KeyName(const TTableDecl& table) { return Name("PK_", table, table.k
 
 std::string IndexName(const TTableDecl& table, const TIndexDecl& index)
 {
-    return Name(index.unique ? "UX_" : "IX_", table, std::string(index.columns) + (index.descending ? ":DESC" : ""));
+    return Name(index.unique ? "UX_" : "IX_", table,
+        std::string(index.columns) + (index.descending ? ":DESC" : "") + (index.prefix ? ":PREFIX" : ""));
 }
 
 std::string ForeignKeyName(const TTableDecl& table, const TForeignKeyDecl& key)

@@ -27,6 +27,7 @@ struct TServerSql {
 ///     LIST[expr, 'sep', order]    an ordered aggregate of text, in what is selected; DISTINCT and DESC are understood.
 ///                                 A key that is a declared column or a CAST is ordered by its type, others as text.
 ///     ORDER BY                    nulls lowest
+///     A STARTING WITH ?           by its beginning, through an index that is declared for it (a LIKE with a value is not)
 ///     CURRENT_DATE, CURRENT_TIMESTAMP    the day and hour that were set, else the server's
 class TDialect {
 public:
@@ -67,6 +68,8 @@ protected:
     virtual std::string Placeholder(std::size_t number) const = 0;
     virtual std::string Today() const = 0;
     virtual std::string Now() const = 0;
+    /// The operator that stands for STARTING WITH.
+    virtual std::string_view StartingWith() const = 0;
     /// Follows each key of an ORDER BY.
     virtual std::string_view NullsOrder(bool descending) const = 0;
     /// The aggregate; `number` is its own among the lists of the statement.

@@ -8,7 +8,7 @@ namespace alinhavo {
 
 /// A key by which the elements of a LIST[…] are put in order.
 struct TListKey {
-    std::string expression;
+    std::string expression = {};
     bool numeric = false;
     bool descending = false;
 };
@@ -16,9 +16,9 @@ struct TListKey {
 /// LIST[expression, separator, order] taken apart.
 struct TListAggregate {
     bool distinct = false;
-    std::string expression;
-    std::string separator;
-    std::vector<TListKey> keys;
+    std::string expression = {};
+    std::string separator = {};
+    std::vector<TListKey> keys = {};
 };
 
 /// How a server without an ordered aggregate hands the elements over: each with its keys, in no order, between marks that no

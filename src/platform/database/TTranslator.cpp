@@ -34,6 +34,14 @@ std::span<const TSqlToken> Stripped(std::span<const TSqlToken> tokens)
     return tokens;
 }
 
+/// How many tokens STARTING WITH takes here; 0 when it does not stand here.
+std::size_t LengthOfStartingWith(std::span<const TSqlToken> tokens, std::size_t index)
+{
+    const auto next = SkipBlanks(tokens, index + 1);
+    const bool stands = tokens[index].IsWord("STARTING") && next < tokens.size() && tokens[next].IsWord("WITH");
+    return stands ? next - index + 1 : 0;
+}
+
 int Nesting(const TSqlToken& token)
 {
     return static_cast<int>(token.Is('(') || token.Is('[')) - static_cast<int>(token.Is(')') || token.Is(']'));
@@ -125,6 +133,10 @@ std::size_t TTranslator::Write(TTokens tokens, std::size_t index, std::string& t
     case Word:
         if (token.IsWord("LIST") && index + 1 < tokens.size() && tokens[index + 1].Is('['))
             return WriteList(tokens, index, text);
+        if (const auto length = LengthOfStartingWith(tokens, index); length > 0) {
+            text += dialect_.StartingWith();
+            return length;
+        }
         NoteWord(tokens, index, text);
         return 1;
     default:

@@ -41,7 +41,8 @@ std::vector<TRfidItem> ParseRfidBatch(std::string_view json)
 {
     std::vector<TRfidItem> batch;
     try {
-        for (const auto& item : TJson::parse(json).at("items"))
+        const auto answer = TJson::parse(json);
+        for (const auto& item : answer.at("items"))
             batch.push_back({item.at("code").get<std::string>(), item.at("quantity").get<double>()});
     } catch (const TJson::exception&) {
         throw std::runtime_error("O serviço RFID deu uma resposta inválida.");

@@ -13,10 +13,9 @@ void AddKey(TStatement& sql, std::string_view columns, std::string_view values, 
     const TLiteralList list(values, separator);
     if (names.size() != list.Values().size())
         throw EDatabaseError(TDatabaseErrorKind::Syntax, "there are not as many values as columns");
-    auto value = list.Values().begin();
-    for (const auto& name : names)
-        sql.Add(value == list.Values().begin() ? TFragment(" WHERE ? = ?") : TFragment(" AND ? = ?"), TName(Trim(name)),
-            *value++);
+    for (std::size_t index = 0; index < names.size(); ++index)
+        sql.Add(index == 0 ? TFragment(" WHERE ? = ?") : TFragment(" AND ? = ?"), TName(Trim(names[index])),
+            list.Values()[index]);
 }
 
 } // namespace

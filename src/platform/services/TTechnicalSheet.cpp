@@ -22,13 +22,12 @@ void TTechnicalSheet::Load(const TFiltroPCPFTOF& filter, TOrvQuery& query)
 {
     const bool ofPart = !filter.parte.empty();
     TStatement sql(R"(
-        SELECT F.TIPO, F.INSUMO, F.COR, F.TAM, F.PARTE, F.SETOR, F.COR_I, C.DESCRICAO AS DESCCOR_I, F.SITUACAO, F.FAIXA,
+        SELECT F.TIPO, F.INSUMO, F.COR, COALESCE(NULLIF(F.TAM, ''), I.TAM) AS TAM, F.PARTE, F.SETOR, F.COR_I, C.DESCRICAO AS DESCCOR_I, F.SITUACAO, F.FAIXA,
                CASE WHEN F.TIPO = 'M' THEN M.DESCRICAO ELSE P.DESCRICAO END AS DESCRICAO,
                CASE WHEN F.TIPO = 'M' THEN M.UNIDADE ELSE P.UNIDADE END AS UNIDADE,
                CASE WHEN F.TIPO = 'M' THEN M.GRUPO ELSE P.GRUPO END AS GRUPO,
                F.CONSUMO,
-               F.CONSUMO * COALESCE((SELECT SUM(COALESCE(I.QTDE, 0) + COALESCE(I.QTDE_B, 0)) FROM {OF_ITEN} I
-                   WHERE I.NUMERO = F.NUMERO AND I.COR = F.COR AND I.TAM = F.TAM), 0) AS CONSUMO_TOTAL,
+               F.CONSUMO * (COALESCE(I.QTDE, 0) + COALESCE(I.QTDE_B, 0)) AS CONSUMO_TOTAL,
                COALESCE((SELECT SUM(S.QTDE) FROM {MAT_ITEN} S
                    WHERE S.CODIGO = F.INSUMO AND S.COR = F.COR_I), 0) AS QTDE_EST,
                COALESCE((SELECT SUM(S.QUANTIDADE) FROM {PA_ITEN} S
@@ -39,6 +38,8 @@ void TTechnicalSheet::Load(const TFiltroPCPFTOF& filter, TOrvQuery& query)
     AddTaken(sql, "PA_MOV", "INSUMO_ORIG", "COR_I_ORIG", ofPart, "QTDE_BAI_SUBS_PROD");
     sql.Add(R"(
           FROM {PCPFTOF} F
+          LEFT JOIN {OF_ITEN} I
+            ON I.NUMERO = F.NUMERO AND I.COR = F.COR AND I.TAM = COALESCE(NULLIF(F.TAM, ''), I.TAM)
           LEFT JOIN {MATERIAL} M ON M.CODIGO = F.INSUMO
           LEFT JOIN {PRODUTO} P ON P.CODIGO = F.INSUMO
           LEFT JOIN {CADCOR} C ON C.COR = F.COR_I
@@ -50,7 +51,7 @@ void TTechnicalSheet::Load(const TFiltroPCPFTOF& filter, TOrvQuery& query)
         sql.Add(" AND F.PARTE = ?", filter.parte);
     if (!filter.grupo.empty())
         sql.Add(" AND F.TIPO = 'M' AND M.GRUPO = ?", filter.grupo);
-    query.SQL = sql.Add(" ORDER BY F.ID, F.IDENTIFICADOR");
+    query.SQL = sql.Add(" ORDER BY F.ID, F.IDENTIFICADOR, I.TAM");
     query.Open();
 }
 

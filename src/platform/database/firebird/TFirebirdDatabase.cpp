@@ -81,7 +81,10 @@ TAttachmentPtr Attach(const TDatabaseAddress& address, const TDatabaseOptions& o
 {
     try {
         return AttachRaw(address, options);
-    } catch (const EFirebird&) {
+    } catch (const EFirebird& failure) {
+        if (failure.Has(isc_already_opened))
+            throw EDatabaseError(TDatabaseErrorKind::Connection,
+                "O banco de dados " + address.Text() + " está em uso por outro processo do Alinhavo.");
         RaiseNotOpened(address);
     }
 }
@@ -202,18 +205,18 @@ std::int64_t TFirebirdDatabase::RunAtServer(
 std::int64_t TFirebirdDatabase::RunStatement(
     const std::string& sql, const std::vector<TValue>& values, TTableData* result)
 {
-    const auto run = [&](TFirebirdStatement& statement) {
-        return statement.Kind() == TSqlKind::Read ? RunRead(statement, result) : RunWrite(statement, result);
-    };
-
-    auto* prepared = Prepared(sql);
-    if (prepared && prepared->Bind(values))
-        return run(*prepared);
+    if (auto* prepared = Prepared(sql, !values.empty()); prepared && prepared->Bind(values))
+        return RunPrepared(*prepared, result);
     auto once = Prepare(Dialect().TranslateWith(sql, values));
-    return run(once);
+    return RunPrepared(once, result);
 }
 
-TFirebirdStatement* TFirebirdDatabase::Prepared(const std::string& sql)
+std::int64_t TFirebirdDatabase::RunPrepared(TFirebirdStatement& statement, TTableData* result)
+{
+    return statement.Kind() == TSqlKind::Read ? RunRead(statement, result) : RunWrite(statement, result);
+}
+
+TFirebirdStatement* TFirebirdDatabase::Prepared(const std::string& sql, bool hasValues)
 {
     if (const auto* known = statements_.Find(sql))
         return known->get();
@@ -226,9 +229,9 @@ TFirebirdStatement* TFirebirdDatabase::Prepared(const std::string& sql)
     try {
         return statements_.Add(sql, std::make_unique<TFirebirdStatement>(Prepare(std::move(translated)))).get();
     } catch (const EFirebird& failure) {
-        if (!failure.Has(isc_dsql_datatype_err))
+        if (!hasValues || IsConnectionLost(failure))
             throw;
-        return statements_.Add(sql, nullptr).get();
+        return statements_.Add(sql, nullptr).get(); // perhaps only the placeholders are not understood
     }
 }
 

@@ -36,7 +36,8 @@ private:
     [[noreturn]] void RaiseFailure(const EFirebird& failure);
     std::int64_t RunStatement(const std::string& sql, const std::vector<TValue>& values, TTableData* result);
     /// Null for a statement that is run as text.
-    TFirebirdStatement* Prepared(const std::string& sql);
+    TFirebirdStatement* Prepared(const std::string& sql, bool hasValues);
+    std::int64_t RunPrepared(TFirebirdStatement& statement, TTableData* result);
     TFirebirdStatement Prepare(TServerSql sql);
     std::int64_t RunRead(TFirebirdStatement& statement, TTableData* result);
     std::int64_t RunWrite(TFirebirdStatement& statement, TTableData* result);

@@ -97,6 +97,7 @@ std::string TFirebirdDialect::GlobalTable(std::string_view table) const { return
 std::string TFirebirdDialect::Placeholder(std::size_t) const { return "?"; }
 std::string TFirebirdDialect::Today() const { return "CURRENT_DATE"; }
 std::string TFirebirdDialect::Now() const { return "CURRENT_TIMESTAMP(0)"; }
+std::string_view TFirebirdDialect::StartingWith() const { return "STARTING WITH"; }
 std::string_view TFirebirdDialect::NullsOrder(bool) const { return {}; }
 
 std::string TFirebirdDialect::CompanyEnding() const { return Company() == FirstCompany ? "" : "_" + Company(); }

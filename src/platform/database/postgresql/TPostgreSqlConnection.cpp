@@ -8,6 +8,10 @@ namespace {
 
 constexpr int Binary = 1;
 
+/// By their number.
+constexpr std::array TransactionCommands{
+    "BEGIN", "COMMIT", "ROLLBACK", "SAVEPOINT s", "RELEASE SAVEPOINT s", "ROLLBACK TO SAVEPOINT s"};
+
 std::string Field(const PGresult* result, int field)
 {
     const char* text = result ? PQresultErrorField(result, field) : nullptr;
@@ -52,6 +56,8 @@ TPostgreSqlConnection::TPostgreSqlConnection(const std::string& uri, const char*
     PQsetNoticeProcessor(
         connection_.get(), [](void*, const char*) {}, nullptr);
     cancel_.reset(PQgetCancel(connection_.get()));
+    for (const auto* command : TransactionCommands)
+        TResultPtr(PQprepare(connection_.get(), command, command, 0, nullptr));
 }
 
 void TPostgreSqlConnection::Execute(const std::string& commands)
@@ -70,22 +76,32 @@ std::string TPostgreSqlConnection::Quoted(const std::string& name) const
 
 void TPostgreSqlConnection::Queue(const char* command)
 {
-    if (PQpipelineStatus(connection_.get()) == PQ_PIPELINE_OFF)
-        PQenterPipelineMode(connection_.get());
+    BeginQueue();
     Queued(PQsendQueryParams(connection_.get(), command, 0, nullptr, nullptr, nullptr, nullptr, Binary));
+}
+
+void TPostgreSqlConnection::Queue(TTransactionCommand command)
+{
+    QueueRun(TransactionCommands[static_cast<std::size_t>(command)], {});
 }
 
 void TPostgreSqlConnection::QueuePrepare(const std::string& name, const std::string& sql, std::span<const Oid> types)
 {
-    if (PQpipelineStatus(connection_.get()) == PQ_PIPELINE_OFF)
-        PQenterPipelineMode(connection_.get());
+    BeginQueue();
     Queued(PQsendPrepare(connection_.get(), name.c_str(), sql.c_str(), static_cast<int>(types.size()), types.data()));
 }
 
 void TPostgreSqlConnection::QueueRun(const std::string& name, const TParameters& parameters)
 {
+    BeginQueue();
     Queued(PQsendQueryPrepared(connection_.get(), name.c_str(), static_cast<int>(parameters.pointers.size()),
         parameters.pointers.data(), nullptr, nullptr, Binary));
+}
+
+void TPostgreSqlConnection::BeginQueue()
+{
+    if (PQpipelineStatus(connection_.get()) == PQ_PIPELINE_OFF)
+        PQenterPipelineMode(connection_.get());
 }
 
 void TPostgreSqlConnection::Queued(int sent)

@@ -47,6 +47,8 @@ struct TParameters {
     std::vector<const char*> pointers; ///< null for a null
 };
 
+enum class TTransactionCommand { Begin, Commit, Rollback, Savepoint, ReleaseSavepoint, RollbackToSavepoint };
+
 /// A line to the server. What is queued goes out in one message with Flush.
 class TPostgreSqlConnection {
 public:
@@ -58,6 +60,8 @@ public:
     std::string Quoted(const std::string& name) const;
 
     void Queue(const char* command);
+    /// A command that the constructor has prepared, which is cheaper.
+    void Queue(TTransactionCommand command);
     void QueuePrepare(const std::string& name, const std::string& sql, std::span<const Oid> types);
     /// The result comes in binary form.
     void QueueRun(const std::string& name, const TParameters& parameters);
@@ -76,6 +80,7 @@ private:
         void operator()(PGcancel* cancel) const { PQfreeCancel(cancel); }
     };
 
+    void BeginQueue();
     void Queued(int sent);
     TResultPtr NextResult();
     [[noreturn]] void Raise() const;

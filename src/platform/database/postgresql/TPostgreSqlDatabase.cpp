@@ -224,23 +224,23 @@ void TPostgreSqlDatabase::QueueGuard(TSqlKind kind)
 {
     if (!Pending()) {
         if (kind != TSqlKind::Read)
-            connection_->Queue("BEGIN");
+            connection_->Queue(TTransactionCommand::Begin);
         return;
     }
     if (savepoint_ == TSavepoint::Fresh)
         return;
     if (savepoint_ == TSavepoint::Used)
-        connection_->Queue("RELEASE SAVEPOINT s");
-    connection_->Queue("SAVEPOINT s");
+        connection_->Queue(TTransactionCommand::ReleaseSavepoint);
+    connection_->Queue(TTransactionCommand::Savepoint);
     savepoint_ = TSavepoint::Fresh;
 }
 
 void TPostgreSqlDatabase::UndoStatement(TSqlKind kind)
 {
     if (Pending())
-        Command("ROLLBACK TO SAVEPOINT s");
+        Command(TTransactionCommand::RollbackToSavepoint);
     else if (kind != TSqlKind::Read)
-        Command("ROLLBACK");
+        Command(TTransactionCommand::Rollback);
 }
 
 void TPostgreSqlDatabase::NoteDone(TSqlKind kind, bool touched)
@@ -249,14 +249,14 @@ void TPostgreSqlDatabase::NoteDone(TSqlKind kind, bool touched)
         return;
     if (!touched) {
         if (!Pending())
-            Command("ROLLBACK");
+            Command(TTransactionCommand::Rollback);
         return;
     }
     savepoint_ = Pending() ? TSavepoint::Used : TSavepoint::None;
     NotePending();
 }
 
-void TPostgreSqlDatabase::Command(const char* command)
+void TPostgreSqlDatabase::Command(TTransactionCommand command)
 {
     try {
         connection_->Queue(command);
@@ -266,12 +266,12 @@ void TPostgreSqlDatabase::Command(const char* command)
     }
 }
 
-void TPostgreSqlDatabase::CommitAtServer() { Command("COMMIT"); }
+void TPostgreSqlDatabase::CommitAtServer() { Command(TTransactionCommand::Commit); }
 
 void TPostgreSqlDatabase::RollbackAtServer()
 {
     if (connection_->IsAlive())
-        Command("ROLLBACK");
+        Command(TTransactionCommand::Rollback);
 }
 
 void TPostgreSqlDatabase::CancelAtServer() { connection_->Cancel(); }

@@ -71,7 +71,7 @@ private:
     void QueueGuard(TSqlKind kind);
     void UndoStatement(TSqlKind kind);
     void NoteDone(TSqlKind kind, bool touched);
-    void Command(const char* command);
+    void Command(TTransactionCommand command);
     [[noreturn]] void RaiseFailure(const EPostgreSql& failure);
 
     TDatabaseAddress address_;

@@ -13,6 +13,8 @@ constexpr std::string_view GlobalSchema = "public";
 /// Nulls stand where ORDER BY wants them, so that the index serves it.
 std::string IndexColumns(const TIndexDecl& index)
 {
+    if (index.prefix)
+        return std::string(index.columns) + " varchar_pattern_ops";
     std::string columns;
     for (const auto column : ColumnNames(index.columns)) {
         columns += (columns.empty() ? "" : ", ") + std::string(column);
@@ -117,6 +119,7 @@ std::string TPostgreSqlDialect::Today() const { return "CAST(statement_timestamp
 
 std::string TPostgreSqlDialect::Now() const { return "date_trunc('second', CAST(statement_timestamp() AS TIMESTAMP))"; }
 
+std::string_view TPostgreSqlDialect::StartingWith() const { return "^@"; }
 std::string_view TPostgreSqlDialect::NullsOrder(bool descending) const
 {
     return descending ? " NULLS LAST" : " NULLS FIRST";

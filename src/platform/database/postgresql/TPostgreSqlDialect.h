@@ -26,6 +26,7 @@ protected:
     std::string Placeholder(std::size_t number) const override;
     std::string Today() const override;
     std::string Now() const override;
+    std::string_view StartingWith() const override;
     std::string_view NullsOrder(bool descending) const override;
     std::string List(const TListAggregate& list, std::size_t number) const override;
 };

@@ -232,10 +232,10 @@ struct TModal {
 };
 
 using TStep = std::variant<TDatabase, TParameter, TSetting, TSql, TRfid, TToday, TUser, TSwitchSession, TPlannedFailure,
-    TOpen, TClose, TActivate, TClick, TFill, TPass, TWrite, TChoose, TCheck, TTurn, TPress, TFillCell, TGoToRow, TDoubleClick,
-    TMenu, TTitleClick, TExpectText, TExpectState, TExpectRows, TExpectSum, TExpectCell, TExpectItems, TExpectColumn,
-    TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText, TMessage, TQuestion, TInput,
-    TLookup, TSupervisor, TFile, TModal>;
+    TOpen, TClose, TActivate, TClick, TFill, TPass, TWrite, TChoose, TCheck, TTurn, TPress, TFillCell, TGoToRow,
+    TDoubleClick, TMenu, TTitleClick, TExpectText, TExpectState, TExpectRows, TExpectSum, TExpectCell, TExpectItems,
+    TExpectColumn, TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText, TMessage,
+    TQuestion, TInput, TLookup, TSupervisor, TFile, TModal>;
 
 /// Where a line stands.
 struct TPlace {

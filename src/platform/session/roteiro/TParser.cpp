@@ -67,7 +67,7 @@ std::vector<TLine> TParser::Parse(std::string_view text)
 std::vector<TParser::TSourceLine> TParser::SourceLines(std::string_view text) const
 {
     std::vector<TSourceLine> lines;
-    TPlace place {files_.back().string(), 0};
+    TPlace place{files_.back().string(), 0};
     for (const auto& line : Explode(text, "\n")) {
         ++place.line;
         if (!ValidUtf8(line))
@@ -122,7 +122,7 @@ void TParser::AddLine(TBlock block, std::vector<TLine>& lines)
 TLine TParser::Line()
 {
     const auto& source = source_[next_++];
-    TLine line {source.place, source.text, ParseStep(source.text, source.place), {}};
+    TLine line{source.place, source.text, ParseStep(source.text, source.place), {}};
     if (next_ == source_.size() || source_[next_].indent <= source.indent)
         return line;
     const bool modal = std::holds_alternative<TModal>(line.step);

@@ -59,7 +59,7 @@ TChoice Choice(TScanner& scanner, const std::map<std::string_view, TChoice>& cho
     scanner.Fail("one of these is missing: " + words);
 }
 
-const std::map<std::string_view, TState> controlStates {
+const std::map<std::string_view, TState> controlStates{
     {"habilitado", TState::Enabled},
     {"desabilitado", TState::Disabled},
     {"visivel", TState::Visible},
@@ -68,19 +68,19 @@ const std::map<std::string_view, TState> controlStates {
     {"marcado", TState::Checked},
     {"desmarcado", TState::Unchecked},
 };
-const std::map<std::string_view, TState> columnStates {
+const std::map<std::string_view, TState> columnStates{
     {"somenteleitura", TState::ReadOnly},
     {"editavel", TState::Editable},
     {"visivel", TState::Visible},
     {"invisivel", TState::Invisible},
 };
-const std::map<std::string_view, TState> menuStates {
+const std::map<std::string_view, TState> menuStates{
     {"habilitado", TState::Enabled},
     {"desabilitado", TState::Disabled},
     {"visivel", TState::Visible},
     {"invisivel", TState::Invisible},
 };
-const std::map<std::string_view, TAnswer> answers {
+const std::map<std::string_view, TAnswer> answers{
     {"Sim", TAnswer::Yes},
     {"Não", TAnswer::No},
     {"Cancelar", TAnswer::Cancel},
@@ -93,8 +93,7 @@ const std::map<std::string_view, TAnswer> answers {
 
 TStep Banco(TScanner& scanner)
 {
-    return TDatabase {
-        Choice<TFactory>(scanner, {{"vazio", TFactory::Empty}, {"demo", TFactory::Demonstration}})};
+    return TDatabase{Choice<TFactory>(scanner, {{"vazio", TFactory::Empty}, {"demo", TFactory::Demonstration}})};
 }
 
 TStep Parametro(TScanner& scanner)
@@ -104,20 +103,20 @@ TStep Parametro(TScanner& scanner)
     const auto number = ParseInteger(std::string_view(name).substr(digits));
     if (digits == 0 || !number || *number > 999'999)
         scanner.Fail("a parameter is a group and a number, as FAC20: " + name);
-    return TParameter {name.substr(0, digits), static_cast<int>(*number), Assigned(scanner, "the value")};
+    return TParameter{name.substr(0, digits), static_cast<int>(*number), Assigned(scanner, "the value")};
 }
 
 TStep Ajuste(TScanner& scanner)
 {
     auto name = scanner.Name("the setting");
-    return TSetting {std::move(name), Assigned(scanner, "the value")};
+    return TSetting{std::move(name), Assigned(scanner, "the value")};
 }
 
 TStep Sql(TScanner& scanner)
 {
     if (scanner.AtEnd())
         scanner.Fail("the statement is missing");
-    return TSql {scanner.Rest()};
+    return TSql{scanner.Rest()};
 }
 
 TReading Reading(TScanner& scanner)
@@ -132,7 +131,7 @@ TReading Reading(TScanner& scanner)
 
 TStep Rfid(TScanner& scanner)
 {
-    TRfid rfid {scanner.Name("the batch"), {}, {}};
+    TRfid rfid{scanner.Name("the batch"), {}, {}};
     if (scanner.Take("falha")) {
         rfid.failure = scanner.Quoted("the failure's text");
         return rfid;
@@ -151,15 +150,15 @@ TStep Hoje(TScanner& scanner)
     const auto now = TDateTime::Parse(text);
     if (now.IsBlank())
         scanner.Fail("this is no date: " + text);
-    return TToday {now};
+    return TToday{now};
 }
 
-TStep Usuario(TScanner& scanner) { return TUser {scanner.Text("the user").text}; }
-TStep Sessao(TScanner& scanner) { return TSwitchSession {scanner.Name("the session")}; }
+TStep Usuario(TScanner& scanner) { return TUser{scanner.Text("the user").text}; }
+TStep Sessao(TScanner& scanner) { return TSwitchSession{scanner.Name("the session")}; }
 
 TStep Falha(TScanner& scanner)
 {
-    TPlannedFailure failure {scanner.Number("the number of statements", 1), {}, {}};
+    TPlannedFailure failure{scanner.Number("the number of statements", 1), {}, {}};
     if (scanner.Take("em"))
         failure.prefix = scanner.Quoted("the statement's beginning");
     failure.text = scanner.Quoted("the failure's text");
@@ -168,42 +167,42 @@ TStep Falha(TScanner& scanner)
 
 // What a person does.
 
-TStep Abre(TScanner& scanner) { return TOpen {scanner.Name("the screen")}; }
-TStep Fecha(TScanner& scanner) { return TClose {scanner.Name("the screen")}; }
-TStep Em(TScanner& scanner) { return TActivate {scanner.Name("the screen")}; }
-TStep Clica(TScanner& scanner) { return TClick {scanner.Name("the control")}; }
-TStep Passa(TScanner& scanner) { return TPass {scanner.Name("the control")}; }
-TStep Marca(TScanner& scanner) { return TCheck {scanner.Name("the control"), true}; }
-TStep Desmarca(TScanner& scanner) { return TCheck {scanner.Name("the control"), false}; }
+TStep Abre(TScanner& scanner) { return TOpen{scanner.Name("the screen")}; }
+TStep Fecha(TScanner& scanner) { return TClose{scanner.Name("the screen")}; }
+TStep Em(TScanner& scanner) { return TActivate{scanner.Name("the screen")}; }
+TStep Clica(TScanner& scanner) { return TClick{scanner.Name("the control")}; }
+TStep Passa(TScanner& scanner) { return TPass{scanner.Name("the control")}; }
+TStep Marca(TScanner& scanner) { return TCheck{scanner.Name("the control"), true}; }
+TStep Desmarca(TScanner& scanner) { return TCheck{scanner.Name("the control"), false}; }
 
 TStep Digita(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
-    return TFill {std::move(control), scanner.Text("the text").text};
+    return TFill{std::move(control), scanner.Text("the text").text};
 }
 
 TStep Escreve(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
-    return TWrite {std::move(control), scanner.Text("the text").text};
+    return TWrite{std::move(control), scanner.Text("the text").text};
 }
 
 TStep Escolhe(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
-    return TChoose {std::move(control), scanner.Text("the item").text};
+    return TChoose{std::move(control), scanner.Text("the item").text};
 }
 
 TStep Aba(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
-    return TTurn {std::move(control), scanner.Text("the page").text};
+    return TTurn{std::move(control), scanner.Text("the page").text};
 }
 
 TStep Tecla(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
-    return TPress {std::move(control), scanner.Text("the key").text};
+    return TPress{std::move(control), scanner.Text("the key").text};
 }
 
 TStep Celula(TScanner& scanner)
@@ -211,37 +210,34 @@ TStep Celula(TScanner& scanner)
     auto grid = scanner.Name("the grid");
     auto row = RowName(scanner);
     auto column = scanner.Name("the column");
-    return TFillCell {std::move(grid), std::move(row), std::move(column), scanner.Text("the value").text};
+    return TFillCell{std::move(grid), std::move(row), std::move(column), scanner.Text("the value").text};
 }
 
 TStep Linha(TScanner& scanner)
 {
     auto grid = scanner.Name("the grid");
-    return TGoToRow {std::move(grid), RowName(scanner)};
+    return TGoToRow{std::move(grid), RowName(scanner)};
 }
 
 TStep Duplo(TScanner& scanner)
 {
     auto grid = scanner.Name("the grid");
-    return TDoubleClick {std::move(grid), RowName(scanner)};
+    return TDoubleClick{std::move(grid), RowName(scanner)};
 }
 
-std::string OnColumn(TScanner& scanner)
-{
-    return scanner.Take("coluna") ? scanner.Name("the column") : std::string();
-}
+std::string OnColumn(TScanner& scanner) { return scanner.Take("coluna") ? scanner.Name("the column") : std::string(); }
 
 TStep Menu(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
     auto column = OnColumn(scanner);
-    return TMenu {std::move(control), std::move(column), scanner.Text("the item").text};
+    return TMenu{std::move(control), std::move(column), scanner.Text("the item").text};
 }
 
 TStep Titulo(TScanner& scanner)
 {
     auto grid = scanner.Name("the grid");
-    return TTitleClick {std::move(grid), scanner.Name("the column")};
+    return TTitleClick{std::move(grid), scanner.Name("the column")};
 }
 
 // What must be so.
@@ -250,7 +246,7 @@ TStep ConfereSoma(TScanner& scanner)
 {
     auto grid = scanner.Name("the grid");
     auto column = scanner.Name("the column");
-    return TExpectSum {std::move(grid), std::move(column), AssignedText(scanner)};
+    return TExpectSum{std::move(grid), std::move(column), AssignedText(scanner)};
 }
 
 TStep ConfereCelula(TScanner& scanner)
@@ -258,7 +254,7 @@ TStep ConfereCelula(TScanner& scanner)
     auto grid = scanner.Name("the grid");
     auto row = RowName(scanner);
     auto column = scanner.Name("the column");
-    return TExpectCell {std::move(grid), std::move(row), std::move(column), AssignedText(scanner)};
+    return TExpectCell{std::move(grid), std::move(row), std::move(column), AssignedText(scanner)};
 }
 
 TStep ConfereMenu(TScanner& scanner)
@@ -266,12 +262,12 @@ TStep ConfereMenu(TScanner& scanner)
     auto control = scanner.Name("the control");
     auto column = OnColumn(scanner);
     auto item = scanner.Text("the item").text;
-    return TExpectMenu {std::move(control), std::move(column), std::move(item), Choice(scanner, menuStates)};
+    return TExpectMenu{std::move(control), std::move(column), std::move(item), Choice(scanner, menuStates)};
 }
 
 TStep ConfereSql(TScanner& scanner)
 {
-    TExpectSql expect {{}, scanner.Take("pendente"), {}};
+    TExpectSql expect{{}, scanner.Take("pendente"), {}};
     expect.statement = scanner.Quoted("the statement");
     scanner.Expect("=");
     do
@@ -286,26 +282,26 @@ TStep ConfereLog(TScanner& scanner)
     auto module = scanner.Quoted("the module");
     if (!last && scanner.Take("linhas")) {
         scanner.Expect("=");
-        return TExpectLogRows {std::move(module), scanner.Number("the number of lines", 0)};
+        return TExpectLogRows{std::move(module), scanner.Number("the number of lines", 0)};
     }
-    return TExpectLog {std::move(module), scanner.Quoted("the text"), last};
+    return TExpectLog{std::move(module), scanner.Quoted("the text"), last};
 }
 
 TStep ConfereRelatorio(TScanner& scanner)
 {
     if (scanner.Take("nenhum"))
-        return TExpectReport {};
+        return TExpectReport{};
     if (scanner.Take("contem"))
-        return TExpectReportText {scanner.Quoted("the text")};
+        return TExpectReportText{scanner.Quoted("the text")};
     auto layout = scanner.Text("the report").text;
     if (layout.empty())
         scanner.Fail("the report's name is empty");
-    return TExpectReport {std::move(layout)};
+    return TExpectReport{std::move(layout)};
 }
 
 TStep ConfereItens(TScanner& scanner, std::string control)
 {
-    TExpectItems expect {std::move(control), {}};
+    TExpectItems expect{std::move(control), {}};
     scanner.Expect("=");
     while (!scanner.AtEnd())
         expect.items.push_back(scanner.Text("the item").text);
@@ -316,27 +312,27 @@ TStep ConfereControle(TScanner& scanner)
 {
     auto control = scanner.Name("the control");
     if (scanner.Take("="))
-        return TExpectText {std::move(control), scanner.Text("the value")};
+        return TExpectText{std::move(control), scanner.Text("the value")};
     if (scanner.Take("vazia"))
-        return TExpectRows {std::move(control), 0};
+        return TExpectRows{std::move(control), 0};
     if (scanner.Take("linhas")) {
         scanner.Expect("=");
-        return TExpectRows {std::move(control), scanner.Number("the number of rows", 0)};
+        return TExpectRows{std::move(control), scanner.Number("the number of rows", 0)};
     }
     if (scanner.Take("itens"))
         return ConfereItens(scanner, std::move(control));
     if (scanner.Take("coluna")) {
         auto column = scanner.Name("the column");
-        return TExpectColumn {std::move(control), std::move(column), Choice(scanner, columnStates)};
+        return TExpectColumn{std::move(control), std::move(column), Choice(scanner, columnStates)};
     }
-    return TExpectState {std::move(control), Choice(scanner, controlStates)};
+    return TExpectState{std::move(control), Choice(scanner, controlStates)};
 }
 
 using TForm = TStep (*)(TScanner&);
 
 TStep Confere(TScanner& scanner)
 {
-    static const std::map<std::string_view, TForm> forms {
+    static const std::map<std::string_view, TForm> forms{
         {"soma", ConfereSoma},
         {"celula", ConfereCelula},
         {"menu", ConfereMenu},
@@ -356,7 +352,7 @@ TStep Confere(TScanner& scanner)
 TStep Mensagem(TScanner& scanner)
 {
     auto text = scanner.Quoted("the text");
-    return TMessage {std::move(text), Title(scanner)};
+    return TMessage{std::move(text), Title(scanner)};
 }
 
 /// The title may stand before or behind the answer.
@@ -367,7 +363,7 @@ TStep Pergunta(TScanner& scanner)
     const auto answer = Choice(scanner, answers);
     if (!title)
         title = Title(scanner);
-    return TQuestion {std::move(text), answer, std::move(title)};
+    return TQuestion{std::move(text), answer, std::move(title)};
 }
 
 TStep Entrada(TScanner& scanner)
@@ -375,27 +371,27 @@ TStep Entrada(TScanner& scanner)
     auto title = scanner.Quoted("the title");
     auto prompt = scanner.Quoted("the prompt");
     scanner.Expect("=");
-    return TInput {std::move(title), std::move(prompt), NameOr(scanner, "cancela", "the value")};
+    return TInput{std::move(title), std::move(prompt), NameOr(scanner, "cancela", "the value")};
 }
 
 TStep Pesquisa(TScanner& scanner)
 {
     if (scanner.Take("cancela"))
-        return TLookup {TLookup::TKind::Cancel, {}};
+        return TLookup{TLookup::TKind::Cancel, {}};
     if (scanner.Take("sem"))
-        return TLookup {TLookup::TKind::NotOffered, {scanner.Matches()}};
-    TLookup lookup {TLookup::TKind::Pick, {}};
+        return TLookup{TLookup::TKind::NotOffered, {scanner.Matches()}};
+    TLookup lookup{TLookup::TKind::Pick, {}};
     do
         lookup.rows.push_back(scanner.Matches());
     while (!scanner.AtEnd());
     return lookup;
 }
 
-TStep Supervisor(TScanner& scanner) { return TSupervisor {NameOr(scanner, "recusa", "the name")}; }
-TStep Arquivo(TScanner& scanner) { return TFile {NameOr(scanner, "cancela", "the file")}; }
-TStep Modal(TScanner& scanner) { return TModal {scanner.Name("the screen")}; }
+TStep Supervisor(TScanner& scanner) { return TSupervisor{NameOr(scanner, "recusa", "the name")}; }
+TStep Arquivo(TScanner& scanner) { return TFile{NameOr(scanner, "cancela", "the file")}; }
+TStep Modal(TScanner& scanner) { return TModal{scanner.Name("the screen")}; }
 
-const std::map<std::string_view, TForm> forms {
+const std::map<std::string_view, TForm> forms{
     {"banco", Banco},
     {"parametro", Parametro},
     {"ajuste", Ajuste},

@@ -164,7 +164,8 @@ TEST(RoteiroParser, ReadsARowByItsNumberOrByItsValues)
     EXPECT_EQ(std::get<int>(byNumber.row), 2);
     EXPECT_EQ(byNumber.column, "Quant");
     EXPECT_EQ(byNumber.text, "5");
-    EXPECT_TRUE(RowIs(Step<TFillCell>("celula dbg00Grade Cor=000009,Tam=M Quant 5").row, {{"Cor", "000009"}, {"Tam", "M"}}));
+    EXPECT_TRUE(
+        RowIs(Step<TFillCell>("celula dbg00Grade Cor=000009,Tam=M Quant 5").row, {{"Cor", "000009"}, {"Tam", "M"}}));
     EXPECT_TRUE(RowIs(Step<TGoToRow>("linha dbg DESCRICAO=\"Azul, claro\"").row, {{"DESCRICAO", "Azul, claro"}}));
     EXPECT_EQ(std::get<int>(Step<TDoubleClick>("duplo dbg00Grade 2").row), 2);
     EXPECT_EQ(Step<TFillCell>("celula dbg 1 \"Qtde. Boa\" 5").column, "Qtde. Boa");
@@ -186,7 +187,7 @@ TEST(RoteiroParser, ReadsMenusAndTitles)
 TEST(RoteiroParser, ReadsChecksOfControls)
 {
     EXPECT_EQ(Step<TExpectText>("confere edtSetorProx = 20").value.text, "20");
-    EXPECT_EQ(Step<TExpectText>("confere edtSetorProx = \"\"").value, (TText {"", true}));
+    EXPECT_EQ(Step<TExpectText>("confere edtSetorProx = \"\"").value, (TText{"", true}));
     EXPECT_EQ(Step<TExpectState>("confere edtX habilitado").state, TState::Enabled);
     EXPECT_EQ(Step<TExpectState>("confere edtX desabilitado").state, TState::Disabled);
     EXPECT_EQ(Step<TExpectState>("confere edtX visivel").state, TState::Visible);
@@ -195,9 +196,10 @@ TEST(RoteiroParser, ReadsChecksOfControls)
     EXPECT_EQ(Step<TExpectState>("confere CbProximo marcado").state, TState::Checked);
     EXPECT_EQ(Step<TExpectState>("confere CbProximo desmarcado").state, TState::Unchecked);
     EXPECT_EQ(Step<TExpectItems>("confere CbParte itens = \"01 |Corpo\" \"02 |Calça\"").items,
-        (std::vector<std::string> {"01 |Corpo", "02 |Calça"}));
+        (std::vector<std::string>{"01 |Corpo", "02 |Calça"}));
     EXPECT_EQ(Error("confere edtX azul"),
-        "historia.rot:1: one of these is missing: desabilitado, desmarcado, foco, habilitado, invisivel, marcado, visivel");
+        "historia.rot:1: one of these is missing: desabilitado, desmarcado, foco, habilitado, invisivel, marcado, "
+        "visivel");
     EXPECT_EQ(Error("confere edtX ="), "historia.rot:1: the value is missing");
 }
 
@@ -222,14 +224,15 @@ TEST(RoteiroParser, ReadsChecksOfGrids)
 
 TEST(RoteiroParser, ReadsChecksOfTheDatabase)
 {
-    const auto committed = Step<TExpectSql>(R"(confere sql "SELECT A, B, C FROM T WHERE D = 'x'" = 12 nulo "Ana Lima")");
+    const auto committed
+        = Step<TExpectSql>(R"(confere sql "SELECT A, B, C FROM T WHERE D = 'x'" = 12 nulo "Ana Lima")");
     EXPECT_EQ(committed.statement, "SELECT A, B, C FROM T WHERE D = 'x'");
     EXPECT_FALSE(committed.pending);
     ASSERT_EQ(committed.values.size(), 3u);
     EXPECT_TRUE(committed.values[1].IsNull());
     EXPECT_EQ(committed.values[2].text, "Ana Lima");
     EXPECT_TRUE(Step<TExpectSql>("confere sql pendente \"SELECT 1 FROM T\" = 1").pending);
-    EXPECT_FALSE((TText {"nulo", true}).IsNull());
+    EXPECT_FALSE((TText{"nulo", true}).IsNull());
 }
 
 TEST(RoteiroParser, ReadsChecksOfTheLog)
@@ -263,7 +266,8 @@ TEST(RoteiroParser, ReadsMessagesAndQuestions)
     EXPECT_EQ(Dialog<TQuestion>("? \"Continuar?\" Esc").answer, TAnswer::Esc);
     EXPECT_EQ(Dialog<TQuestion>("? \"A?\" Sim titulo \"B\"").title, "B");
     EXPECT_EQ(Dialog<TQuestion>("? \"A?\" titulo \"B\" Sim").title, "B");
-    EXPECT_EQ(Error("clica a\n  ? \"A?\" Talvez"), "historia.rot:2: one of these is missing: Cancelar, Enter, Esc, Não, OK, Sim");
+    EXPECT_EQ(Error("clica a\n  ? \"A?\" Talvez"),
+        "historia.rot:2: one of these is missing: Cancelar, Enter, Esc, Não, OK, Sim");
 }
 
 TEST(RoteiroParser, ReadsInputBoxesSupervisorsAndFiles)
@@ -365,7 +369,7 @@ TEST(RoteiroParser, ReadsLinesThatEndAsOnOtherSystems)
 class RoteiroFiles : public ::testing::Test {
 protected:
     RoteiroFiles()
-        : folder_(fs::temp_directory_path() / ("roteiro_parser_" + std::to_string(std::random_device {}())))
+        : folder_(fs::temp_directory_path() / ("roteiro_parser_" + std::to_string(std::random_device{}())))
     {
         fs::create_directories(folder_ / "a" / "b");
     }
@@ -435,11 +439,11 @@ TEST_F(RoteiroFiles, AFileThatIsNotThereIsRefusedAtItsLine)
 /// Lines of the language, cut, joined and mixed with noise: they are read or refused, and nothing else.
 TEST(RoteiroParser, SurvivesGarbage)
 {
-    const std::vector<std::string> pieces {"confere", "celula", "sql", "\"", "\\\"", "=", ",", ":", "#", "…", "\n", "\n  ",
-        "\n    ", " ", "\t", "modal", "!", "?", ">", "Sim", "inclui", "falha", "rfid", "hoje", "99/99/9999", "pesquisa", "sem",
-        "menu", "coluna", "log", "ultimo", "linhas", "00000000000000000000000001", "-1", "edtX", "\xc3", "\xff", "'", "nulo",
-        "titulo", "clica", "\r", std::string(1, '\0')};
-    const auto seed = std::random_device {}();
+    const std::vector<std::string> pieces{"confere", "celula", "sql", "\"", "\\\"", "=", ",", ":", "#", "…", "\n",
+        "\n  ", "\n    ", " ", "\t", "modal", "!", "?", ">", "Sim", "inclui", "falha", "rfid", "hoje", "99/99/9999",
+        "pesquisa", "sem", "menu", "coluna", "log", "ultimo", "linhas", "00000000000000000000000001", "-1", "edtX",
+        "\xc3", "\xff", "'", "nulo", "titulo", "clica", "\r", std::string(1, '\0')};
+    const auto seed = std::random_device{}();
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     int read = 0;

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace alinhavo {
+
+struct TVerificaOptions {
+    std::string database; ///< a Firebird file or the address of a database
+    std::string company = "01";
+};
+
+/// Checks the tables against each other and prints what is wrong: 0 without errors (remarks may be printed), 1 with
+/// errors, 2 when the database could not be read.
+int RunVerifica(const TVerificaOptions& options);
+
+} // namespace alinhavo

@@ -1,0 +1,23 @@
+#include "app/screens.h"
+
+#include "forms/TApplication.h"
+#include "movement/TfmFacMov.h"
+
+#include <memory>
+
+namespace alinhavo {
+
+namespace {
+
+template <typename TScreen>
+void Register(TApplication& application, const char* className)
+{
+    application.RegisterForm(
+        className, [](TApplication& maker) -> std::unique_ptr<TForm> { return std::make_unique<TScreen>(maker); });
+}
+
+} // namespace
+
+void RegisterScreens(TApplication& application) { Register<TfmFacMov>(application, "TfmFacMov"); }
+
+} // namespace alinhavo
