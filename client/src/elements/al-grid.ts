@@ -82,7 +82,8 @@ export class GridElement extends TextElement {
     private api: GridApi<RowData> | null = null;
     private columnsKey = "";
     private awaited: IGetRowsParams[] = [];
-    private editsCell = false;
+    /** Where F2 opened the cell to change its text. */
+    private openedAt = "";
     private shownRow = -1;
 
     override disconnectedCallback(): void {
@@ -140,6 +141,14 @@ export class GridElement extends TextElement {
         }));
     }
 
+    private get place(): string {
+        return `${this.control.number("row")} ${this.control.text("column")}`;
+    }
+
+    private get editsCell(): boolean {
+        return this.control.flag("editing") || this.openedAt === this.place;
+    }
+
     private get currentColumn(): Column | undefined {
         return this.columns.find(({ field }) => field === this.control.text("column"));
     }
@@ -152,10 +161,10 @@ export class GridElement extends TextElement {
     }
 
     protected override updated(): void {
-        this.editsCell = this.control.flag("editing") || (this.editsCell && this.shownRow === this.control.number("row"));
         const field = this.field;
+        if (this.openedAt !== this.place) this.openedAt = "";
         if (field && this.control.flag("editing") && field.value !== this.shownText) field.value = this.shownText;
-        if (field && !this.control.flag("editing") && !this.editsCell) field.value = "";
+        if (field && !this.editsCell) field.value = "";
         this.showColumns();
         this.showCurrent();
     }
@@ -262,7 +271,8 @@ export class GridElement extends TextElement {
     private showCurrent(): void {
         const row = this.control.number("row");
         if (row !== this.shownRow) {
-            const nodes = [row, this.shownRow].map((index) => this.api?.getDisplayedRowAtIndex(index)).filter((node) => node !== undefined);
+            const rows = [row, this.shownRow].filter((index) => index >= 0 && index < this.control.rows.count);
+            const nodes = rows.map((index) => this.api?.getDisplayedRowAtIndex(index)).filter((node) => node !== undefined);
             this.shownRow = row;
             this.api?.redrawRows({ rowNodes: nodes });
             if (row >= 0 && row < this.control.rows.count) this.api?.ensureIndexVisible(row);
@@ -308,6 +318,7 @@ export class GridElement extends TextElement {
 
     override press(key: string, fresh: boolean): void {
         if (key === "F2" && !this.fixed) return this.editCell();
+        if (key === "Esc" && this.openedAt !== "") return this.closeCell();
         if (!this.editsCell && isEditing(key) && !this.keeps(key)) return this.sendKey(key);
         super.press(key, fresh);
     }
@@ -321,12 +332,17 @@ export class GridElement extends TextElement {
         const field = this.field;
         if (!field || this.editsCell) return;
         field.value = this.control.rows.get(this.control.number("row"))?.texts[this.currentColumn?.index ?? -1] ?? "";
-        this.editsCell = true;
+        this.openedAt = this.place;
         this.placeEditor();
     }
 
+    private closeCell(): void {
+        this.openedAt = "";
+        this.requestUpdate();
+    }
+
     protected override sendText(text: string, key: string, actions: readonly Action[]): void {
-        this.editsCell = true;
+        this.openedAt = "";
         this.control.entered("editorText", text);
         this.control.entered("editing", true);
         const heard = this.hearsKeys && key !== "" ? { key: key === " " ? "Space" : key } : {};
