@@ -4,7 +4,8 @@ import type { ClientMessage, ServerMessage, UserEvent } from "./protocol";
 export type Action =
     | { kind: "key"; key: string }
     | { kind: "text"; text: string }
-    | { kind: "click"; target: HTMLElement };
+    | { kind: "click"; target: HTMLElement }
+    | { kind: "event"; event: UserEvent };
 
 interface Sent {
     message: ClientMessage;
@@ -79,19 +80,17 @@ export class Connection {
         if (message.session !== undefined) this.begin(message.session, message.done ?? 0);
         if (message.replaced || message.ended !== undefined) this.over = true;
         if (message.done !== undefined) this.answered(message);
+        if (message.session !== undefined) this.takeBackUnsent();
         this.listener.received(message);
-        this.resend();
     }
 
     private begin(session: string, done: number): void {
         this.retry = firstRetry;
         this.ready = true;
         this.listener.lineChanged(true);
-        if (session !== this.session) this.sent = [];
-        this.session = session;
-        this.sent = this.sent.filter(({ message }) => message.n > done);
-        this.unsent = this.sent;
+        this.unsent = session === this.session ? this.sent.filter(({ message }) => message.n > done) : [];
         this.sent = [];
+        this.session = session;
         this.last = done;
     }
 
@@ -105,16 +104,17 @@ export class Connection {
         this.listener.takenBack(back.flatMap(({ actions }) => actions));
     }
 
-    /** After a cut line: what the server did not get. In another turn it is done again instead. */
-    private resend(): void {
-        const unsent = this.unsent;
+    /** After a cut line: what the server did not get is done again, on what the server now shows. */
+    private takeBackUnsent(): void {
+        const actions = this.unsent.flatMap((sent) => this.actionsOf(sent));
         this.unsent = [];
-        const [same, other] = [unsent.filter((s) => s.message.turn === this.turn), unsent.filter((s) => s.message.turn !== this.turn)];
-        for (const { message, actions } of same) {
-            const { n: _n, turn: _turn, ...event } = message;
-            this.send(event, actions);
-        }
-        if (other.length > 0) this.listener.takenBack(other.flatMap(({ actions }) => actions));
+        this.listener.takenBack(actions);
+    }
+
+    private actionsOf({ message, actions }: Sent): readonly Action[] {
+        if (actions.length > 0 || message.turn !== this.turn || isQuestion(message)) return actions;
+        const { n: _n, turn: _turn, ...event } = message;
+        return [{ kind: "event", event }];
     }
 
     private closed(): void {

@@ -1,4 +1,5 @@
 import type { Action } from "./Connection";
+import type { UserEvent } from "./protocol";
 import { isBrowsers, isPaste, keyName, typedText } from "./keys";
 
 /** What has the focus: a control or a dialog. */
@@ -13,11 +14,18 @@ export interface Receiver {
     /** It has the focus and the browser's is elsewhere. */
     refocus(): void;
     hasFocus(): boolean;
+    /** No more fits into it, unless what was typed and is on its way empties it. */
+    full(): boolean;
 }
 
 interface Surroundings {
     /** An answer is under way that may move the focus. */
     waiting(): boolean;
+    /** Some text is on its way. */
+    typing(): boolean;
+    send(event: UserEvent): void;
+    /** Nothing is held back any more. */
+    settled(): void;
     receiver(): Receiver | null;
     /** Another text when the focus is elsewhere. */
     place(): string;
@@ -73,8 +81,13 @@ export class Keyboard {
         this.held.unshift(...actions);
     }
 
-    private get holding(): boolean {
-        return this.replaying || this.held.length > 0 || this.surroundings.waiting();
+    /** Something is held back. */
+    get holding(): boolean {
+        return this.replaying || this.held.length > 0 || this.mustWait;
+    }
+
+    private get mustWait(): boolean {
+        return this.surroundings.waiting() || (this.surroundings.typing() && this.surroundings.receiver()?.full() === true);
     }
 
     private keyDown(event: KeyboardEvent): void {
@@ -116,7 +129,7 @@ export class Keyboard {
 
     /** A click is held back like a key; it is for what was clicked, or for nothing. */
     private mouse(event: Event): void {
-        if (!this.holding || !event.isTrusted) return;
+        if (!this.holding || !event.isTrusted || (event.target instanceof Element && event.target.closest(".line"))) return;
         event.preventDefault();
         event.stopPropagation();
         if (event.type === "click" && event.target instanceof HTMLElement)
@@ -128,15 +141,17 @@ export class Keyboard {
         this.replaying = true;
         for (;;) {
             await afterRendering();
-            if (this.composing || this.surroundings.waiting()) break;
+            if (this.composing || this.mustWait) break;
             this.caught();
             const receiver = this.surroundings.receiver();
             this.moveFocus(receiver);
             const action = this.held.shift();
             if (!action) break;
-            if (receiver) perform(action, receiver);
+            if (action.kind === "event") this.surroundings.send(action.event);
+            else if (receiver) perform(action, receiver);
         }
         this.replaying = false;
+        this.surroundings.settled();
     }
 
     private moveFocus(receiver: Receiver | null): void {
@@ -147,7 +162,7 @@ export class Keyboard {
     }
 }
 
-function perform(action: Action, receiver: Receiver): void {
+function perform(action: Exclude<Action, { kind: "event" }>, receiver: Receiver): void {
     switch (action.kind) {
         case "key":
             return receiver.press(action.key, false);

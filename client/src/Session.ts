@@ -21,6 +21,9 @@ export class Session extends EventTarget {
     });
     private readonly keyboard = new Keyboard({
         waiting: () => this.connection.waiting,
+        typing: () => this.connection.typing,
+        send: (event) => this.send(event),
+        settled: () => this.dispatchEvent(new Event("settled")),
         receiver: () => this.receiver,
         place: () => this.place,
     });
@@ -39,6 +42,12 @@ export class Session extends EventTarget {
     send(event: UserEvent, ...actions: Action[]): void {
         this.notice = "";
         this.connection.send(event, actions);
+        this.dispatchEvent(new Event("sent"));
+    }
+
+    /** Everything that the user did is answered. */
+    get idle(): boolean {
+        return !this.connection.waiting && !this.connection.typing && !this.keyboard.holding;
     }
 
     /** Some text is on its way to the server. */

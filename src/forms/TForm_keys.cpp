@@ -16,7 +16,7 @@ void TForm::HandleKey(TKey& key)
         control->OnKeyDown(key);
     if (key.Swallowed())
         return;
-    if (activeControl_ != control || !showing_ || ModalResult != TModalResult::None)
+    if (activeControl_ != control || !showing_ || (modal_ && ModalResult != TModalResult::None))
         return key.Swallow();
     KeyDefault(key);
 }

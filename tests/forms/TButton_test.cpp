@@ -135,6 +135,13 @@ TEST_F(Keys, HaveNoEffectOfTheirOwnOnceAHandlerMovedTheFocus)
     EXPECT_EQ(form.ActiveControl(), &form.edtC);
 }
 
+TEST_F(Keys, GoOnActingAfterAnotherScreenReportedToThisOne)
+{
+    form.ModalResult = TModalResult::Ok;
+    user.Press("edtA", "Enter");
+    EXPECT_EQ(form.ActiveControl(), &form.edtB);
+}
+
 TEST_F(Keys, OfAnotherControlFirstMoveTheFocusThere)
 {
     TKey seen;

@@ -93,6 +93,10 @@ export abstract class ControlElement extends LitElement implements Receiver {
         this.inner?.focus();
     }
 
+    full(): boolean {
+        return false;
+    }
+
     hasFocus(): boolean {
         return this.contains(document.activeElement);
     }

@@ -103,6 +103,10 @@ export abstract class DialogElement extends LitElement implements Receiver {
         (this.field ?? this.buttons.find((button) => button.dataset["answer"] === wanted))?.focus();
     }
 
+    full(): boolean {
+        return false;
+    }
+
     hasFocus(): boolean {
         return this.contains(document.activeElement);
     }

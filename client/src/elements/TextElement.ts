@@ -105,6 +105,11 @@ export abstract class TextElement extends ControlElement {
         }
     }
 
+    override full(): boolean {
+        const length = this.control.number("maxLength");
+        return length > 0 && [...this.shownText].length >= length;
+    }
+
     override enter(): void {
         super.enter();
         if (this.selectsOnEntering && !this.matches(":active")) this.field?.select();

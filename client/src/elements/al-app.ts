@@ -19,15 +19,24 @@ export class AppElement extends LitElement {
         super.connectedCallback();
         session.addEventListener("change", this.changed);
         session.addEventListener("tick", this.changed);
+        session.addEventListener("sent", this.showIdle);
+        session.addEventListener("settled", this.showIdle);
     }
 
     override disconnectedCallback(): void {
         super.disconnectedCallback();
         session.removeEventListener("change", this.changed);
         session.removeEventListener("tick", this.changed);
+        session.removeEventListener("sent", this.showIdle);
+        session.removeEventListener("settled", this.showIdle);
     }
 
     private readonly changed = () => this.requestUpdate();
+
+    /** Programs that drive the page wait for it. */
+    private readonly showIdle = () => {
+        this.dataset["idle"] = String(session.idle);
+    };
 
     protected override render(): TemplateResult {
         const screens = [...session.screens.open.values()];

@@ -6,7 +6,7 @@ import {
     type GridApi,
     type ColDef,
     type IDatasource,
-    type IGetRowsParams,
+    type IRowNode,
     InfiniteRowModelModule,
     ModuleRegistry,
     RenderApiModule,
@@ -59,6 +59,8 @@ const theme = themeQuartz.withParams({
 
 const rowPixels = 28;
 const blockSize = 100;
+/** Rows asked for above and below those that are seen. */
+const margin = 100;
 /** In the order of the server's enumeration. */
 const colors = ["", "good", "warning", "bad", "muted", "highlight", "progress", "special"];
 
@@ -79,10 +81,11 @@ interface Column {
  */
 @customElement("al-grid")
 export class GridElement extends TextElement {
-    private api: GridApi<RowData> | null = null;
+    private api: GridApi | null = null;
     private columnsKey = "";
-    private awaited: IGetRowsParams[] = [];
-    private editsCell = false;
+    private asked: number | null = null;
+    /** Where F2 opened the cell to change its text. */
+    private openedAt = "";
     private shownRow = -1;
 
     override disconnectedCallback(): void {
@@ -140,6 +143,14 @@ export class GridElement extends TextElement {
         }));
     }
 
+    private get place(): string {
+        return `${this.control.number("row")} ${this.control.text("column")}`;
+    }
+
+    private get editsCell(): boolean {
+        return this.control.flag("editing") || this.openedAt === this.place;
+    }
+
     private get currentColumn(): Column | undefined {
         return this.columns.find(({ field }) => field === this.control.text("column"));
     }
@@ -152,10 +163,10 @@ export class GridElement extends TextElement {
     }
 
     protected override updated(): void {
-        this.editsCell = this.control.flag("editing") || (this.editsCell && this.shownRow === this.control.number("row"));
         const field = this.field;
+        if (this.openedAt !== this.place) this.openedAt = "";
         if (field && this.control.flag("editing") && field.value !== this.shownText) field.value = this.shownText;
-        if (field && !this.control.flag("editing") && !this.editsCell) field.value = "";
+        if (field && !this.editsCell) field.value = "";
         this.showColumns();
         this.showCurrent();
     }
@@ -171,12 +182,12 @@ export class GridElement extends TextElement {
         this.api?.purgeInfiniteCache();
     }
 
-    private definition(column: Column): ColDef<RowData> {
+    private definition(column: Column): ColDef {
         const number = column.kind === "integer" || column.kind === "float";
-        const base: ColDef<RowData> = {
+        const base: ColDef = {
             colId: column.field,
             headerName: column.title,
-            valueGetter: ({ data }) => data?.texts[column.index] ?? "",
+            valueGetter: ({ node }) => this.row(node)?.texts[column.index] ?? "",
             cellClass: [number ? "number" : "", column.kind, column.editable ? "" : "fixed"].filter(Boolean),
             headerClass: number ? "number" : "",
             sortable: false,
@@ -187,10 +198,14 @@ export class GridElement extends TextElement {
         return column.width > 0 ? { ...base, width: column.width * 9 + 20 } : { ...base, flex: number ? 1 : 2 };
     }
 
-    private makeGrid(columnDefs: ColDef<RowData>[]): void {
+    private row(node: IRowNode | null): RowData | undefined {
+        return this.control.rows.get(node?.rowIndex ?? -1);
+    }
+
+    private makeGrid(columnDefs: ColDef[]): void {
         const host = this.querySelector<HTMLElement>(".rows");
         if (!host) return;
-        this.api = createGrid<RowData>(host, {
+        this.api = createGrid(host, {
             theme,
             columnDefs,
             rowModelType: "infinite",
@@ -207,7 +222,7 @@ export class GridElement extends TextElement {
             rowClassRules: {
                 current: ({ node }) => node.rowIndex === this.control.number("row"),
                 ...Object.fromEntries(
-                    colors.slice(1).map((name, index) => [name, ({ data }: { data: RowData | undefined }) => data?.color === index + 1]),
+                    colors.slice(1).map((name, index) => [name, ({ node }: { node: IRowNode }) => this.row(node)?.color === index + 1]),
                 ),
             },
             onCellClicked: ({ rowIndex, column }) => this.cellClicked(rowIndex ?? 0, column.getColId()),
@@ -220,51 +235,56 @@ export class GridElement extends TextElement {
             onColumnResized: () => this.placeEditor(),
             onColumnMoved: () => this.placeEditor(),
             onModelUpdated: () => this.placeEditor(),
-            onViewportChanged: () => this.placeEditor(),
+            onViewportChanged: () => {
+                this.askForRows();
+                this.placeEditor();
+            },
         });
         new ResizeObserver(() => this.placeEditor()).observe(host);
     }
 
-    /** AG Grid asks for blocks; those that the server has not told yet are asked of it. */
+    /** AG Grid only counts the rows; what stands in them is looked up when they are drawn. */
     private readonly datasource: IDatasource = {
-        getRows: (block) => {
-            if (this.answerBlock(block)) return;
-            this.awaited.push(block);
-            const first = Math.max(0, block.startRow - blockSize);
-            session.send({ event: "rows", ...this.address, first, count: 3 * blockSize });
+        getRows: ({ startRow, endRow, successCallback }) => {
+            const { count } = this.control.rows;
+            successCallback(Array.from({ length: Math.max(0, Math.min(endRow, count) - startRow) }, () => ({})), count);
         },
     };
 
-    private answerBlock(block: IGetRowsParams): boolean {
-        const { rows } = this.control;
-        const end = Math.min(block.endRow, rows.count);
-        if (!rows.has(block.startRow, end - block.startRow)) return false;
-        const data = [];
-        for (let row = block.startRow; row < end; ++row) data.push(rows.get(row));
-        block.successCallback(data, rows.count);
-        return true;
-    }
-
     private showRows(): void {
-        this.awaited = this.awaited.filter((block) => !this.answerBlock(block));
         const changed = this.control.changedRows;
-        if (changed === null) {
+        if (changed === null && this.api?.getDisplayedRowCount() !== this.control.rows.count) {
             this.api?.setRowCount(this.control.rows.count, true);
             this.api?.refreshInfiniteCache();
         }
-        for (const row of changed ?? []) {
-            const node = this.api?.getDisplayedRowAtIndex(row);
-            const data = this.control.rows.get(row);
-            if (node && data) node.setData(data);
-        }
+        this.asked = null;
+        this.redraw(changed);
+        this.askForRows();
+    }
+
+    /** All that are drawn when null. */
+    private redraw(rows: readonly number[] | null): void {
+        if (rows === null) return this.api?.redrawRows();
+        const known = rows.filter((row) => row >= 0 && row < this.control.rows.count);
+        const nodes = known.map((row) => this.api?.getDisplayedRowAtIndex(row)).filter((node) => node !== undefined);
+        if (nodes.length > 0) this.api?.redrawRows({ rowNodes: nodes });
+    }
+
+    /** Of the server, when rows are to be seen that it has not told. */
+    private askForRows(): void {
+        const first = Math.max(0, this.api?.getFirstDisplayedRowIndex() ?? 0);
+        const count = (this.api?.getLastDisplayedRowIndex() ?? 0) - first + 1;
+        if (this.asked === first || count <= 0 || this.control.rows.has(first, count)) return;
+        this.asked = first;
+        session.send({ event: "rows", ...this.address, first: Math.max(0, first - margin), count: 2 * margin + count });
     }
 
     private showCurrent(): void {
         const row = this.control.number("row");
         if (row !== this.shownRow) {
-            const nodes = [row, this.shownRow].map((index) => this.api?.getDisplayedRowAtIndex(index)).filter((node) => node !== undefined);
+            const before = this.shownRow;
             this.shownRow = row;
-            this.api?.redrawRows({ rowNodes: nodes });
+            this.redraw([before, row]);
             if (row >= 0 && row < this.control.rows.count) this.api?.ensureIndexVisible(row);
         }
         const column = this.control.text("column");
@@ -308,6 +328,7 @@ export class GridElement extends TextElement {
 
     override press(key: string, fresh: boolean): void {
         if (key === "F2" && !this.fixed) return this.editCell();
+        if (key === "Esc" && this.openedAt !== "") return this.closeCell();
         if (!this.editsCell && isEditing(key) && !this.keeps(key)) return this.sendKey(key);
         super.press(key, fresh);
     }
@@ -321,12 +342,17 @@ export class GridElement extends TextElement {
         const field = this.field;
         if (!field || this.editsCell) return;
         field.value = this.control.rows.get(this.control.number("row"))?.texts[this.currentColumn?.index ?? -1] ?? "";
-        this.editsCell = true;
+        this.openedAt = this.place;
         this.placeEditor();
     }
 
+    private closeCell(): void {
+        this.openedAt = "";
+        this.requestUpdate();
+    }
+
     protected override sendText(text: string, key: string, actions: readonly Action[]): void {
-        this.editsCell = true;
+        this.openedAt = "";
         this.control.entered("editorText", text);
         this.control.entered("editing", true);
         const heard = this.hearsKeys && key !== "" ? { key: key === " " ? "Space" : key } : {};

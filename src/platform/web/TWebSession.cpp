@@ -250,8 +250,10 @@ void TWebSession::NoteEntered(const TUserEvent& event)
     if (!control)
         return;
     switch (event.kind) {
-    case TUserEvent::TKind::Text:
     case TUserEvent::TKind::GridText:
+        image_.Told(*control, "editing", true);
+        [[fallthrough]];
+    case TUserEvent::TKind::Text:
         return image_.Told(*control, TypedProperty(*control), event.text);
     case TUserEvent::TKind::Check:
         return image_.Told(*control, "checked", event.flag);

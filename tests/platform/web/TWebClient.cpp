@@ -1,0 +1,111 @@
+#include "TWebClient.h"
+
+#include <boost/asio/connect.hpp>
+
+namespace alinhavo {
+
+namespace beast = boost::beast;
+namespace http = boost::beast::http;
+using tcp = boost::asio::ip::tcp;
+using json = nlohmann::json;
+
+namespace {
+
+tcp::endpoint At(std::uint16_t port) { return {boost::asio::ip::make_address("127.0.0.1"), port}; }
+
+std::string HostOf(std::uint16_t port) { return "127.0.0.1:" + std::to_string(port); }
+
+std::string OriginOf(std::uint16_t port, const TRequestOptions& options)
+{
+    return options.origin == "own" ? "http://" + HostOf(port) : options.origin;
+}
+
+} // namespace
+
+TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOptions& options)
+{
+    boost::asio::io_context context;
+    beast::tcp_stream stream(context);
+    stream.connect(At(port));
+    http::request<http::empty_body> request(options.verb, path, 11);
+    request.set(http::field::host, HostOf(port));
+    if (!options.etag.empty())
+        request.set(http::field::if_none_match, options.etag);
+    if (!options.encoding.empty())
+        request.set(http::field::accept_encoding, options.encoding);
+    http::write(stream, request);
+    beast::flat_buffer buffer;
+    http::response_parser<http::string_body> parser;
+    parser.skip(options.verb == http::verb::head);
+    http::read(stream, buffer, parser);
+    return parser.release();
+}
+
+TWebClient::TWebClient(std::uint16_t port, const TRequestOptions& options)
+    : stream_(context_)
+{
+    beast::get_lowest_layer(stream_).connect(At(port));
+    stream_.set_option(beast::websocket::stream_base::decorator([&](beast::websocket::request_type& request) {
+        if (const auto origin = OriginOf(port, options); !origin.empty())
+            request.set(http::field::origin, origin);
+        if (!options.cookie.empty())
+            request.set(http::field::cookie, options.cookie);
+    }));
+    beast::websocket::response_type response;
+    stream_.handshake(response, HostOf(port), "/sessao");
+    const std::string given(response[http::field::set_cookie]);
+    cookie_ = given.empty() ? options.cookie : given.substr(0, given.find(';'));
+    Receive();
+    number_ = state_.value("done", 0);
+}
+
+const json& TWebClient::Do(json event) { return ReceiveDone(Send(std::move(event))); }
+
+int TWebClient::Send(json event)
+{
+    event["n"] = ++number_;
+    event["turn"] = turn_;
+    SendText(event.dump());
+    return number_;
+}
+
+void TWebClient::SendText(std::string_view text)
+{
+    stream_.text(true);
+    stream_.write(boost::asio::buffer(text.data(), text.size()));
+}
+
+const json& TWebClient::Receive()
+{
+    beast::flat_buffer buffer;
+    stream_.read(buffer);
+    state_ = json::parse(beast::buffers_to_string(buffer.data()));
+    turn_ = state_.value("turn", turn_);
+    if (state_.contains("focus"))
+        focus_ = state_["focus"]["control"];
+    for (const auto& form : state_.value("shown", json::array()))
+        Note(form["controls"]);
+    Note(state_.value("changed", json::array()));
+    return state_;
+}
+
+const json& TWebClient::ReceiveDone(int number)
+{
+    do {
+        Receive();
+    } while (state_.value("done", -1) < number);
+    return state_;
+}
+
+void TWebClient::Note(const json& controls)
+{
+    for (const auto& control : controls)
+        controls_[control["name"].get<std::string>()].update(control);
+}
+
+json TWebClient::Property(const std::string& control, const std::string& property) const
+{
+    return controls_.at(control).at(property);
+}
+
+} // namespace alinhavo

@@ -1,0 +1,387 @@
+#include "forms/TApplication.h"
+#include "forms/TButton.h"
+#include "forms/TEdit.h"
+#include "forms/TGrid.h"
+#include "forms/TMemTable.h"
+#include "platform/web/TWebServer.h"
+#include "TWebClient.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace alinhavo {
+namespace {
+
+namespace fs = std::filesystem;
+namespace http = boost::beast::http;
+using json = nlohmann::json;
+
+struct TTbLinhas : TMemTable {
+    TIntegerField Numero{*this, "Numero"};
+};
+
+class TfmTeste final : public TForm {
+public:
+    explicit TfmTeste(TApplication& app)
+        : TForm(app, "TfmTeste", "Teste")
+    {
+        edtPrimeiro.OnExit.connect(this, &TfmTeste::edtPrimeiroExit);
+        edtBarra.OnChange.connect(this, &TfmTeste::edtBarraChange);
+        edtTecla.OnKeyDown.connect(this, &TfmTeste::edtTeclaKeyDown);
+        btnFalha.OnClick.connect(this, &TfmTeste::btnFalhaClick);
+        const auto quiet = TbLinhas.DisableControls();
+        for (int number = 0; number < 1000; ++number) {
+            TbLinhas.Append();
+            TbLinhas.Numero = number;
+            TbLinhas.Post();
+        }
+        TbLinhas.First();
+    }
+
+    TTbLinhas TbLinhas;
+    TEdit edtPrimeiro{*this, "edtPrimeiro"};
+    TEdit edtSegundo{*this, "edtSegundo"};
+    TEdit edtBarra{*this, "edtBarra"};
+    TEdit edtTecla{*this, "edtTecla"};
+    TButton btnFalha{*this, "btnFalha", {.caption = "Falha"}};
+    TGrid dbgLinhas{*this, "dbgLinhas", TbLinhas};
+
+private:
+    void edtPrimeiroExit()
+    {
+        if (edtPrimeiro.text() == "pergunta" && !Pergunta("Continua?"))
+            edtPrimeiro.SetFocus();
+    }
+    void edtBarraChange()
+    {
+        if (edtBarra.text().size() >= 3)
+            edtBarra.SetTextQuietly("");
+    }
+    void edtTeclaKeyDown(TKey& key)
+    {
+        if (key.name == "x")
+            key.Swallow();
+    }
+    void btnFalhaClick() { throw std::runtime_error("disco cheio"); }
+};
+
+std::unique_ptr<TApplication> MakeApplication(IEventSource& source, IView& view)
+{
+    auto application = std::make_unique<TApplication>(source, &view);
+    application->RegisterForm("TfmTeste", [](TApplication& app) { return std::make_unique<TfmTeste>(app); });
+    application->LoadForm("TfmTeste").Show();
+    return application;
+}
+
+class WebServer : public testing::Test {
+protected:
+    WebServer()
+    {
+        fs::remove_all(folder_);
+        Write("client/index.html", "<p>Alinhavo</p>");
+        Write("client/assets/app-1.js", "let alinhavo;");
+        Write("client/assets/app-1.js.gz", "compressed");
+        Write("secret.txt", "secret");
+        fs::create_symlink(folder_ / "secret.txt", folder_ / "client/link.txt");
+        server_ = std::make_unique<TWebServer>(
+            TWebOptions{.port = 0, .clientFolder = folder_ / "client", .maxSessions = 3}, MakeApplication);
+    }
+    ~WebServer() override
+    {
+        server_.reset();
+        fs::remove_all(folder_);
+    }
+
+    void Write(const fs::path& file, std::string_view content)
+    {
+        fs::create_directories((folder_ / file).parent_path());
+        std::ofstream(folder_ / file) << content;
+    }
+
+    TWebAnswer Get(const std::string& path, const TRequestOptions& options = {})
+    {
+        return Request(server_->Port(), path, options);
+    }
+
+    json On(const std::string& event, const std::string& control, json more = json::object())
+    {
+        more.update({{"event", event}, {"form", "fmTeste"}, {"control", control}});
+        return more;
+    }
+
+    std::uint16_t Port() const { return server_->Port(); }
+
+    fs::path folder_ = fs::path(testing::TempDir()) / ("alinhavo_web_" + std::to_string(::getpid()));
+    std::unique_ptr<TWebServer> server_;
+};
+
+TEST_F(WebServer, GivesTheClientsFiles)
+{
+    const auto page = Get("/");
+    EXPECT_EQ(page.result(), http::status::ok);
+    EXPECT_EQ(page.body(), "<p>Alinhavo</p>");
+    EXPECT_EQ(page[http::field::content_type], "text/html; charset=utf-8");
+    EXPECT_EQ(page[http::field::cache_control], "no-cache");
+    EXPECT_NE(page["Content-Security-Policy"], "");
+    EXPECT_EQ(Get("/index.html?x=1").body(), page.body());
+}
+
+TEST_F(WebServer, AFileThatIsKnownIsNotSentAgain)
+{
+    const std::string etag(Get("/")[http::field::etag]);
+    const auto again = Get("/", {.etag = etag});
+    EXPECT_EQ(again.result(), http::status::not_modified);
+    EXPECT_EQ(again.body(), "");
+}
+
+TEST_F(WebServer, AFileGoesCompressedToWhoeverAsksForIt)
+{
+    const auto file = Get("/assets/app-1.js", {.encoding = "br, gzip"});
+    EXPECT_EQ(file[http::field::content_encoding], "gzip");
+    EXPECT_EQ(file.body(), "compressed");
+    EXPECT_NE(std::string(file[http::field::cache_control]).find("immutable"), std::string::npos);
+    EXPECT_EQ(Get("/assets/app-1.js").body(), "let alinhavo;");
+}
+
+TEST_F(WebServer, NothingOutsideTheFolderIsReached)
+{
+    for (const std::string path :
+        {"/../secret.txt", "/assets/../../secret.txt", "/%2e%2e/secret.txt", "/..%2fsecret.txt", "//etc/passwd",
+            "/link.txt", "/./../secret.txt", "/assets/..\\..\\secret.txt", "/assets", "/assets/app-1.js.gz"}) {
+        const auto answer = Get(path);
+        EXPECT_EQ(answer.result(), http::status::not_found) << path;
+        EXPECT_EQ(answer.body().find("secret"), std::string::npos) << path;
+    }
+}
+
+TEST_F(WebServer, OnlyReadingIsAllowed)
+{
+    EXPECT_EQ(Get("/", {.verb = http::verb::post}).result(), http::status::method_not_allowed);
+    EXPECT_EQ(Get("/", {.verb = http::verb::head}).body(), "");
+}
+
+TEST_F(WebServer, APageOfAnotherSiteOpensNoSession)
+{
+    EXPECT_THROW(TWebClient(Port(), {.origin = "http://evil.example"}), boost::system::system_error);
+    EXPECT_THROW(TWebClient(Port(), {.origin = "http://127.0.0.1:1"}), boost::system::system_error);
+    EXPECT_THROW(TWebClient(Port(), {.origin = "null"}), boost::system::system_error);
+    EXPECT_THROW(TWebClient(Port(), {.origin = ""}), boost::system::system_error);
+    EXPECT_EQ(server_->SessionCount(), 0U);
+}
+
+TEST_F(WebServer, ANewClientIsToldEverything)
+{
+    const TWebClient client(Port());
+    EXPECT_TRUE(client.State().contains("session"));
+    EXPECT_EQ(client.State()["done"], 0);
+    EXPECT_EQ(client.Focus(), "edtPrimeiro");
+    EXPECT_EQ(client.Property("edtSegundo", "kind"), "edit");
+    EXPECT_EQ(client.Property("dbgLinhas", "count"), 1000);
+    EXPECT_EQ(client.Property("dbgLinhas", "rows").size(), 100U);
+}
+
+TEST_F(WebServer, AClientIsToldOnlyWhatChanged)
+{
+    TWebClient client(Port());
+    EXPECT_FALSE(client.Do(On("text", "edtPrimeiro", {{"text", "abc"}})).contains("changed")) << "it shows it already";
+    const auto& answer = client.Do(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+    EXPECT_FALSE(answer.contains("shown"));
+    EXPECT_EQ(client.Focus(), "edtSegundo");
+}
+
+TEST_F(WebServer, RowsAreGivenOnRequest)
+{
+    TWebClient client(Port());
+    const auto rows = client.Do(On("rows", "dbgLinhas", {{"first", 500}, {"count", 50}}))["changed"][0];
+    EXPECT_EQ(rows["window"], json({500, 50}));
+    ASSERT_EQ(rows["rows"].size(), 50U);
+    EXPECT_EQ(rows["rows"][0], json::parse(R"([500,[0,"500"]])"));
+}
+
+TEST_F(WebServer, AMalformedMessageIsAnErrorForItsSenderAndNothingElse)
+{
+    TWebClient client(Port());
+    TWebClient other(Port());
+    for (const auto* text : {"", "{", "{}", "[1,2]", R"({"n":1,"turn":1,"event":"focus","form":"f"})"}) {
+        client.SendText(text);
+        EXPECT_TRUE(client.Receive().contains("error")) << text;
+    }
+    client.Do(On("focus", "edtSegundo"));
+    EXPECT_EQ(client.Focus(), "edtSegundo");
+    other.Do(On("focus", "edtBarra"));
+    EXPECT_EQ(other.Focus(), "edtBarra");
+}
+
+TEST_F(WebServer, AnOversizedMessageEndsTheConnectionAndNotTheSession)
+{
+    TWebClient client(Port());
+    client.Do(On("text", "edtPrimeiro", {{"text", "abc"}}));
+    client.SendText(std::string(TClientMessage::MaxBytes + 1, 'x'));
+    EXPECT_THROW(client.Receive(), boost::system::system_error);
+    const TWebClient again(Port(), {.cookie = client.Cookie()});
+    EXPECT_EQ(again.Property("edtPrimeiro", "text"), "abc");
+}
+
+TEST_F(WebServer, AMessageOutOfOrderIsAnError)
+{
+    TWebClient client(Port());
+    client.SendText(R"({"n":2,"turn":1,"event":"focus","form":"fmTeste","control":"edtSegundo"})");
+    EXPECT_TRUE(client.Receive().contains("error"));
+    client.Do(On("focus", "edtSegundo"));
+    client.SendText(R"({"n":1,"turn":1,"event":"focus","form":"fmTeste","control":"edtBarra"})");
+    EXPECT_TRUE(client.Receive().contains("error"));
+    EXPECT_EQ(client.Focus(), "edtSegundo");
+}
+
+TEST_F(WebServer, WhatNoPersonCouldDoIsRefused)
+{
+    TWebClient client(Port());
+    const auto answer = client.Do(On("focus", "edtUnknown"));
+    ASSERT_TRUE(answer.contains("refused"));
+    EXPECT_EQ(answer["refused"][0]["n"], 1);
+}
+
+TEST_F(WebServer, WhatWasSentBeforeTheFocusMovedIsPassedOver)
+{
+    TWebClient client(Port());
+    client.Send(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+    const int late = client.Send(On("text", "edtPrimeiro", {{"text", "late"}}));
+    client.ReceiveDone(late);
+    EXPECT_EQ(client.Focus(), "edtSegundo");
+    EXPECT_EQ(client.Property("edtPrimeiro", "text"), "");
+    client.Do(On("text", "edtSegundo", {{"text", "here"}}));
+    const TWebClient again(Port(), {.cookie = client.Cookie()});
+    EXPECT_EQ(again.Property("edtSegundo", "text"), "here");
+}
+
+TEST_F(WebServer, WhatWasTypedBeforeTheTextWasAnotherIsPassedOver)
+{
+    TWebClient client(Port());
+    client.Do(On("focus", "edtBarra"));
+    client.Send(On("text", "edtBarra", {{"text", "12"}}));
+    client.Send(On("text", "edtBarra", {{"text", "123"}}));
+    const int late = client.Send(On("text", "edtBarra", {{"text", "1234"}}));
+    client.ReceiveDone(late);
+    EXPECT_EQ(client.Property("edtBarra", "text"), "");
+    const TWebClient again(Port(), {.cookie = client.Cookie()});
+    EXPECT_EQ(again.Property("edtBarra", "text"), "") << "the late text was not carried out";
+}
+
+TEST_F(WebServer, AKeyThatIsSwallowedTypesNothing)
+{
+    TWebClient client(Port());
+    client.Do(On("focus", "edtTecla"));
+    client.Do(On("text", "edtTecla", {{"text", "a"}, {"key", "a"}}));
+    client.Do(On("text", "edtTecla", {{"text", "ax"}, {"key", "x"}}));
+    EXPECT_EQ(client.Property("edtTecla", "text"), "a");
+}
+
+TEST_F(WebServer, AnAnswerIsForTheDialogThatItNames)
+{
+    TWebClient client(Port());
+    client.Do(On("text", "edtPrimeiro", {{"text", "pergunta"}}));
+    const auto dialog = client.Do(On("key", "edtPrimeiro", {{"key", "Enter"}}))["dialogs"][0];
+    EXPECT_EQ(dialog["text"], "Continua?");
+    EXPECT_EQ(dialog["default"], "no");
+    const auto number = dialog["dialog"].get<int>();
+    EXPECT_TRUE(client.Do({{"event", "answer"}, {"dialog", number + 1}, {"button", "yes"}}).contains("refused"));
+    EXPECT_TRUE(client.Do(On("focus", "edtSegundo")).contains("refused"));
+    EXPECT_EQ(client.Do({{"event", "answer"}, {"dialog", number}, {"button", "no"}})["dialogs"].size(), 0U);
+    EXPECT_EQ(client.Focus(), "edtPrimeiro");
+}
+
+TEST_F(WebServer, AFailureOfAHandlerIsShownAndTheSessionGoesOn)
+{
+    TWebClient client(Port());
+    const auto dialog = client.Do(On("click", "btnFalha"))["dialogs"][0];
+    EXPECT_EQ(dialog["text"], "disco cheio");
+    client.Do({{"event", "answer"}, {"dialog", dialog["dialog"]}, {"button", "ok"}});
+    client.Do(On("focus", "edtSegundo"));
+    EXPECT_EQ(client.Focus(), "edtSegundo");
+}
+
+TEST_F(WebServer, AClientThatComesBackFindsItsWork)
+{
+    std::string cookie;
+    {
+        TWebClient client(Port());
+        cookie = client.Cookie();
+        client.Do(On("text", "edtPrimeiro", {{"text", "pergunta"}}));
+        client.Do(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+    }
+    TWebClient again(Port(), {.cookie = cookie});
+    EXPECT_EQ(again.State()["done"], 2);
+    EXPECT_EQ(again.State()["dialogs"][0]["text"], "Continua?");
+    EXPECT_EQ(again.Property("edtPrimeiro", "text"), "pergunta");
+    EXPECT_EQ(server_->SessionCount(), 1U);
+}
+
+TEST_F(WebServer, ASecondClientOfASessionReplacesTheFirst)
+{
+    TWebClient first(Port());
+    TWebClient second(Port(), {.cookie = first.Cookie()});
+    EXPECT_TRUE(first.Receive().contains("replaced"));
+    EXPECT_THROW(first.Receive(), boost::system::system_error);
+    second.Do(On("focus", "edtSegundo"));
+    EXPECT_EQ(second.Focus(), "edtSegundo");
+}
+
+TEST_F(WebServer, TwoSessionsDoNotSeeOneAnother)
+{
+    TWebClient first(Port());
+    TWebClient second(Port());
+    EXPECT_NE(first.Cookie(), second.Cookie());
+    first.Do(On("text", "edtPrimeiro", {{"text", "one"}}));
+    second.Do(On("text", "edtPrimeiro", {{"text", "two"}}));
+    EXPECT_EQ(TWebClient(Port(), {.cookie = first.Cookie()}).Property("edtPrimeiro", "text"), "one");
+    EXPECT_EQ(TWebClient(Port(), {.cookie = second.Cookie()}).Property("edtPrimeiro", "text"), "two");
+}
+
+TEST_F(WebServer, AnUnknownCookieGetsASessionOfItsOwn)
+{
+    const TWebClient client(Port(), {.cookie = "alinhavo=guessed"});
+    EXPECT_NE(client.Cookie(), "alinhavo=guessed");
+}
+
+TEST_F(WebServer, ThereAreNoMoreSessionsThanAllowed)
+{
+    const TWebClient one(Port());
+    const TWebClient two(Port());
+    const TWebClient three(Port());
+    EXPECT_THROW(TWebClient four(Port()), boost::system::system_error);
+}
+
+TEST_F(WebServer, SessionsWorkSideBySide)
+{
+    std::vector<std::thread> users;
+    for (int user = 0; user < 3; ++user) {
+        users.emplace_back([this, user] {
+            TWebClient client(Port());
+            for (int round = 0; round < 50; ++round) {
+                const auto text = std::to_string(user) + "-" + std::to_string(round);
+                client.Do(On("focus", "edtPrimeiro"));
+                client.Do(On("text", "edtPrimeiro", {{"text", text}}));
+                client.Do(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+                EXPECT_EQ(client.Focus(), "edtSegundo");
+            }
+            EXPECT_EQ(TWebClient(Port(), {.cookie = client.Cookie()}).Property("edtPrimeiro", "text"),
+                std::to_string(user) + "-49");
+        });
+    }
+    for (auto& user : users)
+        user.join();
+}
+
+TEST_F(WebServer, TheEndOfTheServerIsToldAlsoInTheMiddleOfAQuestion)
+{
+    TWebClient client(Port());
+    client.Do(On("text", "edtPrimeiro", {{"text", "pergunta"}}));
+    client.Do(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+    server_->Stop();
+    EXPECT_TRUE(client.Receive().contains("ended"));
+}
+
+} // namespace
+} // namespace alinhavo
