@@ -6,7 +6,7 @@ import {
     type GridApi,
     type ColDef,
     type IDatasource,
-    type IGetRowsParams,
+    type IRowNode,
     InfiniteRowModelModule,
     ModuleRegistry,
     RenderApiModule,
@@ -59,6 +59,8 @@ const theme = themeQuartz.withParams({
 
 const rowPixels = 28;
 const blockSize = 100;
+/** Rows asked for above and below those that are seen. */
+const margin = 100;
 /** In the order of the server's enumeration. */
 const colors = ["", "good", "warning", "bad", "muted", "highlight", "progress", "special"];
 
@@ -79,9 +81,9 @@ interface Column {
  */
 @customElement("al-grid")
 export class GridElement extends TextElement {
-    private api: GridApi<RowData> | null = null;
+    private api: GridApi | null = null;
     private columnsKey = "";
-    private awaited: IGetRowsParams[] = [];
+    private asked: number | null = null;
     /** Where F2 opened the cell to change its text. */
     private openedAt = "";
     private shownRow = -1;
@@ -98,7 +100,7 @@ export class GridElement extends TextElement {
         return html`
             ${this.renderLabel()}
             <div class="grid" style="height: ${(lines + 1) * rowPixels + 4}px" @pointerdown=${this.pressedOutside}>
-                <div class="rows"></div>
+                <div class="rows" @click=${this.clicked} @dblclick=${this.doubleClicked}></div>
                 <input
                     data-focus
                     class="cell-editor"
@@ -180,12 +182,12 @@ export class GridElement extends TextElement {
         this.api?.purgeInfiniteCache();
     }
 
-    private definition(column: Column): ColDef<RowData> {
+    private definition(column: Column): ColDef {
         const number = column.kind === "integer" || column.kind === "float";
-        const base: ColDef<RowData> = {
+        const base: ColDef = {
             colId: column.field,
             headerName: column.title,
-            valueGetter: ({ data }) => data?.texts[column.index] ?? "",
+            valueGetter: ({ node }) => this.row(node)?.texts[column.index] ?? "",
             cellClass: [number ? "number" : "", column.kind, column.editable ? "" : "fixed"].filter(Boolean),
             headerClass: number ? "number" : "",
             sortable: false,
@@ -196,10 +198,14 @@ export class GridElement extends TextElement {
         return column.width > 0 ? { ...base, width: column.width * 9 + 20 } : { ...base, flex: number ? 1 : 2 };
     }
 
-    private makeGrid(columnDefs: ColDef<RowData>[]): void {
+    private row(node: IRowNode | null): RowData | undefined {
+        return this.control.rows.get(node?.rowIndex ?? -1);
+    }
+
+    private makeGrid(columnDefs: ColDef[]): void {
         const host = this.querySelector<HTMLElement>(".rows");
         if (!host) return;
-        this.api = createGrid<RowData>(host, {
+        this.api = createGrid(host, {
             theme,
             columnDefs,
             rowModelType: "infinite",
@@ -216,65 +222,63 @@ export class GridElement extends TextElement {
             rowClassRules: {
                 current: ({ node }) => node.rowIndex === this.control.number("row"),
                 ...Object.fromEntries(
-                    colors.slice(1).map((name, index) => [name, ({ data }: { data: RowData | undefined }) => data?.color === index + 1]),
+                    colors.slice(1).map((name, index) => [name, ({ node }: { node: IRowNode }) => this.row(node)?.color === index + 1]),
                 ),
-            },
-            onCellClicked: ({ rowIndex, column }) => this.cellClicked(rowIndex ?? 0, column.getColId()),
-            onCellDoubleClicked: ({ rowIndex, column }) =>
-                session.send({ event: "cellDoubleClick", ...this.address, row: rowIndex ?? 0, column: column.getColId() }),
-            onColumnHeaderClicked: ({ column }) => {
-                if ("getColId" in column) session.send({ event: "title", ...this.address, column: column.getColId() });
             },
             onBodyScroll: () => this.placeEditor(),
             onColumnResized: () => this.placeEditor(),
             onColumnMoved: () => this.placeEditor(),
             onModelUpdated: () => this.placeEditor(),
-            onViewportChanged: () => this.placeEditor(),
+            onViewportChanged: () => {
+                this.askForRows();
+                this.placeEditor();
+            },
         });
         new ResizeObserver(() => this.placeEditor()).observe(host);
     }
 
-    /** AG Grid asks for blocks; those that the server has not told yet are asked of it. */
+    /** AG Grid only counts the rows; what stands in them is looked up when they are drawn. */
     private readonly datasource: IDatasource = {
-        getRows: (block) => {
-            if (this.answerBlock(block)) return;
-            this.awaited.push(block);
-            const first = Math.max(0, block.startRow - blockSize);
-            session.send({ event: "rows", ...this.address, first, count: 3 * blockSize });
+        getRows: ({ startRow, endRow, successCallback }) => {
+            const { count } = this.control.rows;
+            successCallback(Array.from({ length: Math.max(0, Math.min(endRow, count) - startRow) }, () => ({})), count);
         },
     };
 
-    private answerBlock(block: IGetRowsParams): boolean {
-        const { rows } = this.control;
-        const end = Math.min(block.endRow, rows.count);
-        if (!rows.has(block.startRow, end - block.startRow)) return false;
-        const data = [];
-        for (let row = block.startRow; row < end; ++row) data.push(rows.get(row));
-        block.successCallback(data, rows.count);
-        return true;
-    }
-
     private showRows(): void {
-        this.awaited = this.awaited.filter((block) => !this.answerBlock(block));
         const changed = this.control.changedRows;
-        if (changed === null) {
+        if (changed === null && this.api?.getDisplayedRowCount() !== this.control.rows.count) {
             this.api?.setRowCount(this.control.rows.count, true);
             this.api?.refreshInfiniteCache();
         }
-        for (const row of changed ?? []) {
-            const node = this.api?.getDisplayedRowAtIndex(row);
-            const data = this.control.rows.get(row);
-            if (node && data) node.setData(data);
-        }
+        this.asked = null;
+        this.redraw(changed);
+        this.askForRows();
+    }
+
+    /** All that are drawn when null. */
+    private redraw(rows: readonly number[] | null): void {
+        if (rows === null) return this.api?.redrawRows();
+        const known = rows.filter((row) => row >= 0 && row < this.control.rows.count);
+        const nodes = known.map((row) => this.api?.getDisplayedRowAtIndex(row)).filter((node) => node !== undefined);
+        if (nodes.length > 0) this.api?.redrawRows({ rowNodes: nodes });
+    }
+
+    /** Of the server, when rows are to be seen that it has not told. */
+    private askForRows(): void {
+        const first = Math.max(0, this.api?.getFirstDisplayedRowIndex() ?? 0);
+        const count = (this.api?.getLastDisplayedRowIndex() ?? 0) - first + 1;
+        if (this.asked === first || count <= 0 || this.control.rows.has(first, count)) return;
+        this.asked = first;
+        session.send({ event: "rows", ...this.address, first: Math.max(0, first - margin), count: 2 * margin + count });
     }
 
     private showCurrent(): void {
         const row = this.control.number("row");
         if (row !== this.shownRow) {
-            const rows = [row, this.shownRow].filter((index) => index >= 0 && index < this.control.rows.count);
-            const nodes = rows.map((index) => this.api?.getDisplayedRowAtIndex(index)).filter((node) => node !== undefined);
+            const before = this.shownRow;
             this.shownRow = row;
-            this.api?.redrawRows({ rowNodes: nodes });
+            this.redraw([before, row]);
             if (row >= 0 && row < this.control.rows.count) this.api?.ensureIndexVisible(row);
         }
         const column = this.control.text("column");
@@ -364,6 +368,20 @@ export class GridElement extends TextElement {
         this.field?.focus({ preventScroll: true });
     }
 
+    // AG Grid tells of clicks when it has time to, a key that follows would be ahead of them: the page's own events are at once.
+
+    private clicked(event: Event): void {
+        const { row, column } = cellOf(event);
+        if (column === undefined) return;
+        if (row === undefined) session.send({ event: "title", ...this.address, column });
+        else this.cellClicked(row, column);
+    }
+
+    private doubleClicked(event: Event): void {
+        const { row, column } = cellOf(event);
+        if (column !== undefined && row !== undefined) session.send({ event: "cellDoubleClick", ...this.address, row, column });
+    }
+
     private cellClicked(row: number, column: string): void {
         const definition = this.columns.find(({ field }) => field === column);
         if (definition?.kind === "tick" && definition.editable) {
@@ -381,4 +399,12 @@ export class GridElement extends TextElement {
     private refocusIfCurrent(): void {
         if (this.focusedByServer) queueMicrotask(() => this.refocus());
     }
+}
+
+/** A title has a column and no row. */
+function cellOf(event: Event): { row?: number; column?: string } {
+    const target = event.target as Element;
+    const column = target.closest(".ag-cell, .ag-header-cell")?.getAttribute("col-id");
+    const row = target.closest(".ag-row")?.getAttribute("row-index");
+    return { ...(column ? { column } : {}), ...(row ? { row: Number(row) } : {}) };
 }

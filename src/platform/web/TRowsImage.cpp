@@ -1,6 +1,7 @@
 #include "platform/web/TRowsImage.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace alinhavo {
 
@@ -22,10 +23,12 @@ void TRowsImage::Forget()
     hashes_.clear();
 }
 
-// A margin before the current row lets the client scroll a little without asking.
+// A client that scrolls away from the current row keeps its window; a margin before the row lets it scroll without asking.
 void TRowsImage::Follow(std::int64_t current)
 {
-    if (current < 0 || (current >= first_ && current < first_ + length_))
+    if (current == std::exchange(current_, current) || current < 0)
+        return;
+    if (current >= first_ && current < first_ + length_)
         return;
     SetWindow(std::max<std::int64_t>(0, current - length_ / 2), length_);
 }
