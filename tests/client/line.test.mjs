@@ -25,17 +25,6 @@ test("a reload in the middle of a question asks it again", {}, async (screen, { 
     await screen.hasFocus("edtPedido");
 });
 
-test("what is typed while the line is cut is not lost", { screen: "fmLeitura" }, async (screen, { line }) => {
-    await screen.keyboard.type("789");
-    await screen.settled();
-    line.cut();
-    await screen.keyboard.type("12345");
-    await screen.press("Enter");
-    await screen.keyboard.type("42");
-    await screen.hasText("EdtBarra", "42");
-    await screen.hasCell("dbgLidos", 0, "Barra", "78912345");
-});
-
 test("another window takes the session over, and the first can take it back", {}, async (screen, { page, context, line }) => {
     await screen.keyboard.type("55");
     await screen.settled();

@@ -21,13 +21,34 @@ std::vector<TInvariant> LinesAgainstHistory()
                 OR ABS(COALESCE(F.QUANT_I, 0) - COALESCE(H.QUANT_I, 0)) > 0.0001
                 OR ABS(COALESCE(F.QUANT_F, 0) - COALESCE(H.QUANT_F, 0)) > 0.0001
              ORDER BY F.IDENTIFICADOR)"},
+        // What is left of a position that was deleted after it was moved is told apart below.
         {"origem_do_historico", Error, "O movimento não tem a posição de que saiu", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
-              LEFT JOIN {FACCAO} F ON F.IDENTIFICADOR = H.ID_ANT AND F.NUMERO = H.NUMERO AND F.OP = H.OP
-                                  AND F.PARTE = H.PARTE AND F.CODIGO = H.CODIGO
-                                  AND COALESCE(F.COR, '') = COALESCE(H.COR, '') AND COALESCE(F.TAM, '') = COALESCE(H.TAM, '')
-             WHERE F.IDENTIFICADOR IS NULL
+              LEFT JOIN {FACCAO} F ON F.IDENTIFICADOR = H.ID_ANT
+             WHERE COALESCE(H.ID_ANT, 0) = 0 OR F.NUMERO <> H.NUMERO OR F.OP <> H.OP OR F.PARTE <> H.PARTE
+                OR F.CODIGO <> H.CODIGO
+                OR (F.IDENTIFICADOR > 0 AND (COALESCE(F.COR, '') <> COALESCE(H.COR, '')
+                                             OR COALESCE(F.TAM, '') <> COALESCE(H.TAM, '')))
+                OR (F.IDENTIFICADOR IS NULL AND COALESCE(H.REPROCESSO, '') = ''
+                    AND EXISTS (SELECT 1 FROM {FACCAO3} E
+                                 WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
+                                   AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
+                                   AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
+                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR))
+             ORDER BY H.IDENTIFICADOR)"},
+        // A position of the first sector and one of a reprocess can be deleted after they were moved.
+        {"historico_de_posicao_excluida", Remark, "A posição de que o movimento saiu foi excluída", R"(
+            SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
+              FROM {FACCAO3} H
+              LEFT JOIN {FACCAO} F ON F.IDENTIFICADOR = H.ID_ANT
+             WHERE H.ID_ANT > 0 AND F.IDENTIFICADOR IS NULL
+               AND (COALESCE(H.REPROCESSO, '') <> ''
+                    OR NOT EXISTS (SELECT 1 FROM {FACCAO3} E
+                                    WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
+                                      AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
+                                      AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
+                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR))
              ORDER BY H.IDENTIFICADOR)"},
         // The lines of other parts that leave the last sector with the grid's have a history without a reprocess column,
         // and are written even when nothing is left for them.
@@ -43,9 +64,14 @@ std::vector<TInvariant> LinesAgainstHistory()
              WHERE COALESCE(QUANT, 0) + COALESCE(QUANT_2, 0) + COALESCE(QUANT_I, 0) + COALESCE(QUANT_F, 0) = 0
                AND REPROCESSO IS NULL
              ORDER BY IDENTIFICADOR)"},
-        {"quantidade_negativa", Error, "A posição tem quantidade negativa", R"(
+        {"quantidade_negativa", Error, "A posição tem quantidade de saída negativa", R"(
             SELECT NUMERO, OP, PARTE, COR, TAM, IDENTIFICADOR
-              FROM {FACCAO} WHERE QT_ORIG < 0 OR QUANT < 0 OR QUANT_2 < 0 OR QUANT_I < 0 OR QUANT_F < 0
+              FROM {FACCAO} WHERE QUANT < 0 OR QUANT_2 < 0 OR QUANT_I < 0 OR QUANT_F < 0
+             ORDER BY IDENTIFICADOR)"},
+        // Two users who send the same balance to reprocess take it off the position twice.
+        {"original_negativa", Remark, "A posição tem quantidade de entrada negativa", R"(
+            SELECT NUMERO, OP, PARTE, COR, TAM, IDENTIFICADOR
+              FROM {FACCAO} WHERE QT_ORIG < 0
              ORDER BY IDENTIFICADOR)"},
         {"movimento_negativo", Error, "O movimento tem quantidade negativa", R"(
             SELECT NUMERO, OP, PARTE, COR, TAM, IDENTIFICADOR
@@ -67,34 +93,49 @@ std::vector<TInvariant> LinesAgainstHistory()
 std::vector<TInvariant> TreeOfLines()
 {
     return {
-        {"posicao_anterior", Error, "A posição de que esta veio não existe, ou é de outra OF, parte, cor ou tamanho",
-            R"(
+        {"posicao_anterior", Error, "A posição de que esta veio é de outra OF, parte ou produto", R"(
             SELECT F.NUMERO, F.OP, F.PARTE, F.COR, F.TAM, F.IDENTIFICADOR
               FROM {FACCAO} F
-              LEFT JOIN {FACCAO} P ON P.IDENTIFICADOR = F.ID_ANT AND P.NUMERO = F.NUMERO AND P.PARTE = F.PARTE
-                                  AND P.CODIGO = F.CODIGO AND COALESCE(P.COR, '') = COALESCE(F.COR, '')
-                                  AND COALESCE(P.TAM, '') = COALESCE(F.TAM, '')
+              JOIN {FACCAO} P ON P.IDENTIFICADOR = F.ID_ANT
+             WHERE P.NUMERO <> F.NUMERO OR P.PARTE <> F.PARTE OR P.CODIGO <> F.CODIGO
+             ORDER BY F.IDENTIFICADOR)"},
+        // The adjustment of a dispatch hangs the position of the new colour from the parent of the old one.
+        {"cor_da_posicao_anterior", Remark, "A posição de que esta veio é de outra cor ou tamanho", R"(
+            SELECT F.NUMERO, F.OP, F.PARTE, F.COR, F.TAM, F.IDENTIFICADOR
+              FROM {FACCAO} F
+              JOIN {FACCAO} P ON P.IDENTIFICADOR = F.ID_ANT
+             WHERE COALESCE(P.COR, '') <> COALESCE(F.COR, '') OR COALESCE(P.TAM, '') <> COALESCE(F.TAM, '')
+             ORDER BY F.IDENTIFICADOR)"},
+        // Positions that a reprocess has emptied are deleted with the next adjustment of a dispatch, and the user may delete
+        // some himself; one that should not have gone is missed by its history.
+        {"posicao_anterior_excluida", Remark, "A posição de que esta veio foi excluída", R"(
+            SELECT F.NUMERO, F.OP, F.PARTE, F.COR, F.TAM, F.IDENTIFICADOR
+              FROM {FACCAO} F
+              LEFT JOIN {FACCAO} P ON P.IDENTIFICADOR = F.ID_ANT
              WHERE F.ID_ANT > 0 AND P.IDENTIFICADOR IS NULL
              ORDER BY F.IDENTIFICADOR)"},
         {"ordem_das_posicoes", Error, "A posição é mais antiga que aquela de que veio", R"(
             SELECT NUMERO, OP, PARTE, COR, TAM, IDENTIFICADOR
               FROM {FACCAO} WHERE ID_ANT >= IDENTIFICADOR
              ORDER BY IDENTIFICADOR)"},
-        // A line stands in one sector once for each movement that fed it, so what was opened can't pass what was moved;
-        // less is opened where a supervisor closed lines without opening the next sector.
+        // Less is opened than was moved where a supervisor closed lines without opening the next sector. A reprocess and the
+        // adjustment of a dispatch open positions under the same parent with numbers that no movement of it bears.
         {"aberto_contra_movido", Error, "Abriu-se no próximo setor mais do que saiu como bom", R"(
             SELECT P.NUMERO, P.OP, P.PARTE, P.COR, P.TAM, P.IDENTIFICADOR
               FROM {FACCAO} P
-              JOIN (SELECT ID_ANT, SUM(QT_ORIG) AS QT_ORIG FROM {FACCAO} WHERE ID_ANT > 0 GROUP BY ID_ANT) C
+              JOIN (SELECT F.ID_ANT, SUM(F.QT_ORIG) AS QT_ORIG
+                      FROM {FACCAO} F
+                     WHERE F.ID_ANT > 0 AND COALESCE(F.REPROCESSO, '') = ''
+                       AND EXISTS (SELECT 1 FROM {FACCAO3} H WHERE H.ID_ANT = F.ID_ANT AND H.MOV = F.MOV)
+                     GROUP BY F.ID_ANT) C
                 ON C.ID_ANT = P.IDENTIFICADOR
-             WHERE C.QT_ORIG - P.QUANT > 0.0001
+             WHERE C.QT_ORIG - COALESCE(P.QUANT, 0) > 0.0001
              ORDER BY P.IDENTIFICADOR)"},
-        {"movimento_da_posicao", Error, "A posição foi aberta sem um movimento com a sua quantidade e número", R"(
+        {"movimento_da_posicao", Remark, "A posição foi aberta sem um movimento com o seu número", R"(
             SELECT F.NUMERO, F.OP, F.PARTE, F.COR, F.TAM, F.IDENTIFICADOR
               FROM {FACCAO} F
-             WHERE F.ID_ANT > 0
-               AND NOT EXISTS (SELECT 1 FROM {FACCAO3} H
-                                WHERE H.ID_ANT = F.ID_ANT AND H.MOV = F.MOV AND ABS(H.QUANT - F.QT_ORIG) <= 0.0001)
+             WHERE F.ID_ANT > 0 AND COALESCE(F.REPROCESSO, '') = ''
+               AND NOT EXISTS (SELECT 1 FROM {FACCAO3} H WHERE H.ID_ANT = F.ID_ANT AND H.MOV = F.MOV)
              ORDER BY F.IDENTIFICADOR)"},
         {"um_fluxo", Error, "A parte da OF tem posições de mais de um fluxo", R"(
             SELECT NUMERO, PARTE
@@ -119,7 +160,9 @@ std::vector<TInvariant> Orders()
         {"ordem", Error, "A posição é de uma OF que não existe", R"(
             SELECT F.NUMERO FROM {FACCAO} F LEFT JOIN {OF1} O ON O.NUMERO = F.NUMERO
              WHERE O.NUMERO IS NULL GROUP BY F.NUMERO ORDER BY F.NUMERO)"},
-        {"ativos", Error, "As peças abertas da OF não são a soma da sua grade", R"(
+        // A reversal out of the last sector opens pieces of the grid alone, and of two confirmations at the same moment each
+        // sums without the other; the next confirmation sets it right.
+        {"ativos", Remark, "As peças abertas da OF não são a soma da sua grade", R"(
             SELECT O.NUMERO
               FROM {OF1} O
               LEFT JOIN (SELECT NUMERO, SUM(QTDE) AS QTDE FROM {OF_ITEN} GROUP BY NUMERO) I ON I.NUMERO = O.NUMERO
@@ -134,12 +177,44 @@ std::vector<TInvariant> Orders()
                      WHERE X.REPROCESSO IS NOT NULL
                      GROUP BY X.NUMERO, X.COR, X.TAM) H
               JOIN {OF_ITEN} I ON I.NUMERO = H.NUMERO AND I.COR = H.COR AND I.TAM = H.TAM
-             WHERE H.PERDAS > COALESCE(I.QTDE_C, 0)
+              JOIN (SELECT NUMERO, COUNT(DISTINCT PARTE) AS PARTES FROM {FACCAO} GROUP BY NUMERO) N ON N.NUMERO = H.NUMERO
+             WHERE H.PERDAS > COALESCE(I.QTDE_C, 0) AND N.PARTES = 1
+               AND COALESCE(I.QTDE_C, 0) = FLOOR(COALESCE(I.QTDE_C, 0))
+             ORDER BY H.NUMERO, H.COR, H.TAM)"},
+        // The reversal takes back losses that were never counted: those of a part that left with another, and the fractions.
+        {"canceladas_estornadas", Remark,
+            "As peças canceladas da OF são menos que as perdas em produção, em parte estornadas", R"(
+            SELECT H.NUMERO, H.COR, H.TAM
+              FROM (SELECT X.NUMERO, X.COR, X.TAM, SUM(FLOOR(X.QUANT_2) + FLOOR(X.QUANT_I) + FLOOR(X.QUANT_F)) AS PERDAS
+                      FROM {FACCAO3} X JOIN {TIPO_APL} T ON T.CODIGO = X.PARTE AND T.ATUALIZA = 'S'
+                     WHERE X.REPROCESSO IS NOT NULL
+                     GROUP BY X.NUMERO, X.COR, X.TAM) H
+              JOIN {OF_ITEN} I ON I.NUMERO = H.NUMERO AND I.COR = H.COR AND I.TAM = H.TAM
+              JOIN (SELECT NUMERO, COUNT(DISTINCT PARTE) AS PARTES FROM {FACCAO} GROUP BY NUMERO) N ON N.NUMERO = H.NUMERO
+             WHERE H.PERDAS > COALESCE(I.QTDE_C, 0) AND (N.PARTES > 1
+                OR COALESCE(I.QTDE_C, 0) <> FLOOR(COALESCE(I.QTDE_C, 0)))
              ORDER BY H.NUMERO, H.COR, H.TAM)"},
         {"item_negativo", Remark, "A OF tem peças abertas negativas", R"(
             SELECT NUMERO, COR, TAM FROM {OF_ITEN} WHERE QTDE < 0 ORDER BY NUMERO, COR, TAM)"},
-        {"item_pronto_negativo", Error, "A OF tem peças prontas ou canceladas negativas", R"(
+        // What is finished is limited to what is open, below zero too, and a reversal takes back losses that were not counted.
+        {"item_pronto_negativo", Remark, "A OF tem peças prontas ou canceladas negativas", R"(
             SELECT NUMERO, COR, TAM FROM {OF_ITEN} WHERE QTDE_B < 0 OR QTDE_C < 0 ORDER BY NUMERO, COR, TAM)"},
+        // Pieces finished before the order was taken out of production and entered again have no history.
+        {"prontas", Remark, "As peças prontas da OF são mais que as que saíram do último setor", R"(
+            SELECT I.NUMERO, I.COR, I.TAM
+              FROM {OF_ITEN} I
+              JOIN {OF1} O ON O.NUMERO = I.NUMERO AND O.FAC_QTDE = 'S'
+              LEFT JOIN (SELECT X.NUMERO, X.COR, X.TAM, SUM(FLOOR(X.QUANT)) AS PRONTAS
+                           FROM {FACCAO3} X
+                           JOIN {TIPO_APL} T ON T.CODIGO = X.PARTE AND T.BAIXA = 'S'
+                           JOIN {FACCAO} F ON F.IDENTIFICADOR = X.ID_ANT
+                           JOIN (SELECT CODIGO, MAX(ORDEM) AS ORDEM FROM {FLUXO} GROUP BY CODIGO) U ON U.CODIGO = F.FLUXO
+                           JOIN {FLUXO} L ON L.CODIGO = U.CODIGO AND L.ORDEM = U.ORDEM AND L.SETOR = X.OP
+                          WHERE X.REPROCESSO IS NOT NULL
+                          GROUP BY X.NUMERO, X.COR, X.TAM) H
+                ON H.NUMERO = I.NUMERO AND H.COR = I.COR AND H.TAM = I.TAM
+             WHERE I.QTDE_B > COALESCE(H.PRONTAS, 0)
+             ORDER BY I.NUMERO, I.COR, I.TAM)"},
         {"valor", Remark, "O valor do movimento não é o preço vezes as peças pagas pelo setor", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H JOIN {CADFLUXO} S ON S.CODIGO = H.OP
@@ -178,12 +253,17 @@ std::vector<TInvariant> Stock()
              GROUP BY E.CODIGO, E.COR, E.QUALIDADE, E.DEPOSITO, E.LOTE
              HAVING ABS(SUM(E.QTDE)) > 0.0001
              ORDER BY E.CODIGO, E.COR, E.QUALIDADE, E.DEPOSITO, E.LOTE)"},
-        {"entrada_no_estoque", Error, "O movimento diz que entrou no estoque, e a OF não tem entrada", R"(
-            SELECT H.NUMERO, H.CODIGO
+        // The history of a part that left with another says so by its part alone, whether or not anything was posted.
+        {"entrada_no_estoque", Error, "O movimento diz que entrou no estoque, e a OF não tem entrada da cor e tamanho",
+            R"(
+            SELECT H.NUMERO, H.CODIGO, H.COR, H.TAM
               FROM {FACCAO3} H
-             WHERE H.ESTOQUE = 'S'
-               AND NOT EXISTS (SELECT 1 FROM {PA_MOV} M WHERE M.DOCUMENTO = H.NUMERO AND M.CODIGO = H.CODIGO AND M.ORIGEM = 'FC')
-             GROUP BY H.NUMERO, H.CODIGO ORDER BY H.NUMERO, H.CODIGO)"},
+             WHERE H.ESTOQUE = 'S' AND H.REPROCESSO IS NOT NULL
+               AND NOT EXISTS (SELECT 1 FROM {PA_MOV} M
+                                WHERE M.DOCUMENTO = H.NUMERO AND M.CODIGO = H.CODIGO AND M.ORIGEM = 'FC'
+                                  AND M.SAIDA = 'N' AND COALESCE(M.COR, '') = COALESCE(H.COR, '')
+                                  AND COALESCE(M.TAM, '') = COALESCE(H.TAM, ''))
+             GROUP BY H.NUMERO, H.CODIGO, H.COR, H.TAM ORDER BY H.NUMERO, H.CODIGO, H.COR, H.TAM)"},
     };
 }
 

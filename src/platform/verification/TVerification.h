@@ -10,7 +10,7 @@ namespace alinhavo {
 
 enum class TSeverity {
     Error, ///< the rules of movement never leave the tables so
-    Remark, ///< the rules allow it: an excess, a fraction, lines without colour or size, two users on one line
+    Remark, ///< the rules allow it: an excess, a fraction, lines without colour or size, what two users or a reversal leave
 };
 
 /// One row, or one group of rows, that breaks an invariant.

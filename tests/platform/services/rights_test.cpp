@@ -35,7 +35,7 @@ TEST_P(TRightsTest, AUserMayWhatHisRowSays)
     EXPECT_TRUE(user.Read.empty());
     EXPECT_FALSE(Acessa(TDireito::Exclui));
     EXPECT_EQ(user.Read, std::vector<std::string>{"Usuário sem permissão para excluir."});
-    EXPECT_EQ(user.Titles.back(), "Teste");
+    EXPECT_EQ(user.Titles, std::vector<std::string>{"Teste"});
 }
 
 TEST_P(TRightsTest, WithoutARowHeMayNothing)
