@@ -61,6 +61,8 @@ const rowPixels = 28;
 const blockSize = 100;
 /** Rows asked for above and below those that are seen. */
 const margin = 100;
+/** Pixels of the kinds that need no more; a text takes what is left. */
+const narrow: Readonly<Record<string, number>> = { integer: 110, float: 110, date: 104, datetime: 140, tick: 72 };
 /** In the order of the server's enumeration. */
 const colors = ["", "good", "warning", "bad", "muted", "highlight", "progress", "special"];
 
@@ -195,7 +197,8 @@ export class GridElement extends TextElement {
             minWidth: 48,
         };
         if (column.kind === "tick") base.valueFormatter = ({ value }) => (value === "S" ? "✓" : "");
-        return column.width > 0 ? { ...base, width: column.width * 9 + 20 } : { ...base, flex: number ? 1 : 2 };
+        const width = column.width > 0 ? column.width * 9 + 20 : narrow[column.kind];
+        return width === undefined ? { ...base, flex: 1, minWidth: 120 } : { ...base, width };
     }
 
     private row(node: IRowNode | null): RowData | undefined {
