@@ -24,8 +24,8 @@ interface Surroundings {
     /** Some text is on its way. */
     typing(): boolean;
     send(event: UserEvent): void;
-    /** Nothing is held back any more. */
-    settled(): void;
+    /** Something was held back, or all of it was done. */
+    heldChanged(): void;
     receiver(): Receiver | null;
     /** Another text when the focus is elsewhere. */
     place(): string;
@@ -92,8 +92,9 @@ export class Keyboard {
 
     private keyDown(event: KeyboardEvent): void {
         if (event.isComposing || event.metaKey) return;
-        if (this.holding) this.hold(event);
-        else this.pass(event);
+        if (!this.holding) return this.pass(event);
+        this.hold(event);
+        this.surroundings.heldChanged();
     }
 
     private hold(event: KeyboardEvent): void {
@@ -151,7 +152,7 @@ export class Keyboard {
             else if (receiver) perform(action, receiver);
         }
         this.replaying = false;
-        this.surroundings.settled();
+        this.surroundings.heldChanged();
     }
 
     private moveFocus(receiver: Receiver | null): void {

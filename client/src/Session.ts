@@ -23,7 +23,7 @@ export class Session extends EventTarget {
         waiting: () => this.connection.waiting,
         typing: () => this.connection.typing,
         send: (event) => this.send(event),
-        settled: () => this.dispatchEvent(new Event("settled")),
+        heldChanged: () => this.dispatchEvent(new Event("idle")),
         receiver: () => this.receiver,
         place: () => this.place,
     });
@@ -42,7 +42,7 @@ export class Session extends EventTarget {
     send(event: UserEvent, ...actions: Action[]): void {
         this.notice = "";
         this.connection.send(event, actions);
-        this.dispatchEvent(new Event("sent"));
+        this.dispatchEvent(new Event("idle"));
     }
 
     /** Everything that the user did is answered. */
@@ -94,6 +94,7 @@ export class Session extends EventTarget {
 
     private setLine(line: Line): void {
         this.line = line;
+        this.dispatchEvent(new Event("idle"));
         this.dispatchEvent(new Event("change"));
     }
 }

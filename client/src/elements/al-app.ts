@@ -19,16 +19,14 @@ export class AppElement extends LitElement {
         super.connectedCallback();
         session.addEventListener("change", this.changed);
         session.addEventListener("tick", this.changed);
-        session.addEventListener("sent", this.showIdle);
-        session.addEventListener("settled", this.showIdle);
+        session.addEventListener("idle", this.showIdle);
     }
 
     override disconnectedCallback(): void {
         super.disconnectedCallback();
         session.removeEventListener("change", this.changed);
         session.removeEventListener("tick", this.changed);
-        session.removeEventListener("sent", this.showIdle);
-        session.removeEventListener("settled", this.showIdle);
+        session.removeEventListener("idle", this.showIdle);
     }
 
     private readonly changed = () => this.requestUpdate();
