@@ -21,6 +21,13 @@ export async function startServer(port = 0) {
     return {
         url: line,
         port: Number(new URL(line).port),
+        async answers(path) {
+            return (await fetch(`${line}${path}`)).status !== 404;
+        },
+        async kill() {
+            child.kill("SIGKILL");
+            await ended;
+        },
         async stop() {
             child.stdin.end();
             await ended;

@@ -1,5 +1,6 @@
 // Serves the example screens to browsers until its input ends: exemplo_servidor FOLDER [PORT]
 
+#include "client/TfmControles.h"
 #include "client/TfmLeitura.h"
 #include "example/TfmExemplo.h"
 #include "platform/web/TWebServer.h"
@@ -15,7 +16,9 @@ std::unique_ptr<TApplication> MakeApplication(IEventSource& source, IView& view)
 {
     auto application = std::make_unique<TApplication>(source, &view);
     application->RegisterForm("TfmExemplo", [](TApplication& app) { return std::make_unique<TfmExemplo>(app); });
+    application->RegisterForm("TfmControles", [](TApplication& app) { return std::make_unique<TfmControles>(app); });
     application->RegisterForm("TfmLeitura", [](TApplication& app) { return std::make_unique<TfmLeitura>(app); });
+    application->LoadForm("TfmControles").Show();
     application->LoadForm("TfmLeitura").Show();
     application->LoadForm("TfmExemplo").Show();
     return application;

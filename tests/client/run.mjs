@@ -1,4 +1,9 @@
 import { runAll } from "./harness.mjs";
+import "./entrance.test.mjs";
+import "./first_load.test.mjs";
+import "./window.test.mjs";
+import "./controls.test.mjs";
+import "./access.test.mjs";
 import "./focus.test.mjs";
 import "./grid.test.mjs";
 import "./scanner.test.mjs";
