@@ -10,6 +10,7 @@ namespace alinhavo {
 
 TfmFacMov::TfmFacMov(TApplication& application)
     : TOrvForm(application, "TfmFacMov", "Movimentação de Setores")
+    , OrvRFIDMov(App().Host.rfid)
     , Precos(Tabela())
     , sParamFAC10(BuscaParametro("FAC", 10))
     , sParamFAC20(BuscaParametro("FAC", 20))
@@ -47,6 +48,10 @@ TfmFacMov::TfmFacMov(TApplication& application)
     edtFacDest.OnExit.connect(this, &TfmFacMov::edtFacDestExit);
     edtFacDest.OnKeyDown.connect(this, &TfmFacMov::edtFacDestKeyDown);
     cbBaixaBarras.OnClick.connect(this, &TfmFacMov::cbBaixaBarrasClick);
+    EdtBarra.OnChange.connect(this, &TfmFacMov::EdtBarraChange);
+    EdtBarra.OnEnter.connect(this, &TfmFacMov::EdtBarraEnter);
+    EdtBarra.OnKeyDown.connect(this, &TfmFacMov::EdtBarraKeyDown);
+    EdtBarra.OnExit.connect(this, &TfmFacMov::EdtBarraExit);
     edtQual.OnExit.connect(this, &TfmFacMov::edtQualExit);
     EdtCodTip.OnExit.connect(this, &TfmFacMov::EdtCodTipExit);
     edtCodDeposito.OnExit.connect(this, &TfmFacMov::edtCodDepositoExit);
@@ -54,6 +59,7 @@ TfmFacMov::TfmFacMov(TApplication& application)
     Distribuirquantidade1.OnClick.connect(this, &TfmFacMov::Distribuirquantidade1Click);
     dbg00Grade.SetPopupMenu(&PopupMenu1);
     dbg00Grade.OnKeyDown.connect(this, &TfmFacMov::dbg00GradeKeyDown);
+    dbg00Grade.OnRowColor.connect(this, &TfmFacMov::dbg00GradeRowColor);
     dbg00Grade.OnExit.connect(this, &TfmFacMov::dbg00GradeExit);
     btn00Incluir.OnClick.connect(this, &TfmFacMov::btn00IncluirClick);
     btn00Fechar.OnClick.connect(this, &TfmFacMov::btn00FecharClick);
@@ -69,6 +75,8 @@ TfmFacMov::TfmFacMov(TApplication& application)
     TbTemp.AfterPost.connect(this, &TfmFacMov::TbTempAfterPost);
 
     LigaConsultas();
+    OrvRFIDMov.Fornecedor = "Mozaiko";
+    CbFormato.SetItemIndex(sParamFAC240 == "B" ? 1 : 0);
     edtQual.SetText("1");
     edtCodDeposito.SetText(DepositoInicial());
     EdtCodTip.SetText(App().Host.stock.CodigoTipoMovEstoque(TTipoMovimentoEstoque::EntradaProducao));
@@ -90,7 +98,11 @@ TfmFacMov::TfmFacMov(TApplication& application)
     MostraOcioso();
 }
 
-void TfmFacMov::TelaClose() { Tabela().FechaTabela("TbProduto"); }
+void TfmFacMov::TelaClose()
+{
+    Tabela().FechaTabela("TbProduto");
+    sListaEtq.clear();
+}
 
 void TfmFacMov::CarregaPartes()
 {

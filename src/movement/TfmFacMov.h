@@ -19,12 +19,16 @@
 #include "forms/TTabSheet.h"
 #include "host/IMovementScreens.h"
 #include "host/TOrvForm.h"
+#include "host/TOrvRFID.h"
 #include "host/TPesquisa.h"
 #include "movement/TfmFacMov_consultas.h"
 #include "payment/TPrecos.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace alinhavo {
@@ -88,6 +92,14 @@ struct TTbBaixa final : TMemTable {
     TStringField TAM{*this, "TAM", 4};
 };
 
+/// What an RFID reader found: one row a code.
+struct TTbRFID final : TMemTable {
+    using TMemTable::TMemTable;
+
+    TStringField CODIGO{*this, "CODIGO", 25};
+    TFloatField QTDE{*this, "QTDE"};
+};
+
 /// "Movimentação de Setores": moves one order out of a sector.
 class TfmFacMov final : public TOrvForm, public IMovementScreen {
 public:
@@ -96,6 +108,7 @@ public:
     TTbMovimento TbTemp{*this, "TbTemp"};
     TtbBaixaPartes tbBaixaPartes{*this, "tbBaixaPartes"};
     TTbBaixa TbBaixa{*this, "TbBaixa"};
+    TTbRFID TbRFID{*this, "TbRFID"};
     TOrvQuery QryFluxo{*this, "QryFluxo", Database()}; ///< rows of the chosen flow with their balances, in order
 
     TQryConsulta QryConsulta{*this, "QryConsulta", Database()};
@@ -178,6 +191,8 @@ public:
 
     TGroupBox GbBarra{tbsNormal, "GbBarra", {.caption = "Leitura", .visible = false}};
     TEdit EdtBarra{GbBarra, "EdtBarra", {.caption = "Código de barras", .maxLength = 25}};
+    TComboBox CbFormato{GbBarra, "CbFormato",
+        {.caption = "Formato", .items = {"EAN 13 / DUN14 / Barra Cli.", "Barra 128"}, .itemIndex = 0}};
 
     TGroupBox GbEstoque{tbsNormal, "GbEstoque", {.caption = "Estoque", .visible = false}};
     TEdit edtQual{GbEstoque, "edtQual", {.caption = "Qualidade", .maxLength = 2}};
@@ -269,12 +284,17 @@ public:
     void edtFacDestExit();
     void edtFacDestKeyDown(TKey& key);
     void cbBaixaBarrasClick();
+    void EdtBarraChange();
+    void EdtBarraEnter();
+    void EdtBarraKeyDown(TKey& key);
+    void EdtBarraExit(); ///< the reading of a code
     void edtQualExit();
     void EdtCodTipExit();
     void edtCodDepositoExit();
     void ZerarQuantidades1Click();
     void Distribuirquantidade1Click();
     void dbg00GradeKeyDown(TKey& key);
+    void dbg00GradeRowColor(std::size_t row, TRowColor& color);
     void dbg00GradeExit();
     void btn00IncluirClick();
     void btn00FecharClick();
@@ -366,6 +386,8 @@ public:
     void Retorno_Normal();
     void ProcessaPartesdaBaixa(std::string_view parte, bool ultima);
     double PrecoFaccao(std::string_view parte);
+    /// Puts the unit's code in EdtBarra where the code is a box's; how many pieces it stands for, at least 1.
+    void VerificaCodigoBarraEAN14(std::string_view codigo, std::int64_t& quantidade);
     void ValidarDefeitos();
     double BuscaQtdeDefCad(std::string_view mov);
     double BuscaQtdeDefMov(std::string_view mov);
@@ -458,6 +480,37 @@ private:
     void GravaEstorno();
 
     void AcrescentaPosicoes(const TStatement& condicao);
+    /// The piece that a label stands for.
+    struct TPeca {
+        std::string codigo;
+        std::string cor;
+        std::string tam;
+    };
+    using TPecas = std::unordered_map<std::string, TPeca>; ///< by code read
+    static constexpr std::string_view OrdemDaGrade = "mov;codigo;cor;pos;quant";
+    enum class TPreenche { Zero, Saldo };
+    void PreencheQuantidades(TPreenche valor);
+    void SomaQuant(double quantidade);
+    bool EhDaPeca(std::size_t row, const TPeca& peca) const;
+    bool TemPendente(std::size_t row) const;
+
+    void RetiraAspas();
+    bool CodigoCompleto(const std::string& codigo);
+    bool EtiquetaLiberada();
+    bool LocalizaPeca(bool aMaior);
+    void AlarmeDaBarra(std::string_view text);
+
+    void LeRFID();
+    void LancaRFID();
+    void EncerraRFID(int formato);
+    bool LancaTags(const TPecas& pecas, std::string& excedentes);
+    bool LancaTag(const TPeca& peca, double quantidade, bool aMaior, std::string& excedentes);
+    std::vector<TBookmark> LinhasDaPeca(const TPeca& peca);
+    TPecas PecasDasTags();
+
+    TOrvRFID& OrvRFIDMov;
+    std::unordered_set<std::string>
+        sListaEtq; ///< labels read since the screen was opened, whatever became of the order
 
     TPrecos Precos;
 
@@ -473,7 +526,8 @@ private:
     const std::string sParamFAC240; ///< bar codes at the last sector: "N" not forced, "B" with labels of 128
     const std::string sParamFAC250; ///< "S": the movement number is mandatory off the first sector
     const std::string sParamFAC260; ///< "S": all parts leave the last sector together
-    const std::string sParamEXP70;
+    const std::string
+        sParamEXP70; ///< labels of 128: "S" each is read once and bears the order, "N" as short as they are
     const std::string sParamPCP140; ///< "2": the stock lot is the order
 
     TIndPag indPag = TIndPag::Nenhuma; ///< of the sector, read once for a confirmation
