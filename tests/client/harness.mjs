@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import { mkdir } from "node:fs/promises";
 import { fileURLToPath } from "node:url";
-import { startBrowser, startServer } from "./browser.mjs";
+import { factoryCanServe, startBrowser, startFactory, startServer } from "./browser.mjs";
 import { slowLine } from "./slowLine.mjs";
 import { Screen } from "./Screen.mjs";
 
@@ -14,7 +14,8 @@ const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.u
 
 /**
  * `options`: delay in milliseconds each way, colorScheme, size of the window, screen (the one brought to the front; null: nobody has come
- * in yet), needs (a path: without it at the server the test is skipped, and counted as such).
+ * in yet), needs (a path: without it at the server the test is skipped, and counted as such),
+ * factory (the demonstration factory instead of the example screens) and who works in it.
  */
 export function test(name, options, action) {
     tests.push({ name, options, action });
@@ -22,7 +23,9 @@ export function test(name, options, action) {
 
 export async function runAll() {
     const only = process.argv[2];
-    const server = await startServer();
+    const example = await startServer();
+    const canServe = await factoryCanServe();
+    let factory = null;
     const browser = await startBrowser();
     await mkdir(pictures, { recursive: true });
     const failures = [];
@@ -31,11 +34,13 @@ export async function runAll() {
     const began = performance.now();
     for (const { name, options, action } of tests.filter((each) => !only || each.name.includes(only))) {
         const start = performance.now();
-        if (options.needs && !(await server.answers(options.needs))) {
+        const lacking = options.factory ? !canServe : options.needs && !(await example.answers(options.needs));
+        if (lacking) {
             skipped.push(name);
-            console.log(`skipped ${name}: the server has no ${options.needs}`);
+            console.log(`skipped ${name}: the server has no ${options.needs ?? "factory"}`);
             continue;
         }
+        const server = options.factory ? (factory ??= await startFactory()) : example;
         try {
             await runOne(browser, server, options, action);
             ++passed;
@@ -46,7 +51,8 @@ export async function runAll() {
         }
     }
     await browser.close();
-    await server.stop();
+    await example.stop();
+    await factory?.stop();
     console.log(`${passed} passed, ${failures.length} failed, ${skipped.length} skipped (${Math.round((performance.now() - began) / 1000)} s)`);
     process.exitCode = failures.length === 0 ? 0 : 1;
 }
@@ -54,10 +60,9 @@ export async function runAll() {
 let users = 0;
 
 /** Each test has a user of its own: nobody finds what another has arranged, or left open. */
-async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo" }, action) {
+async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, user = `USER${++users}` }, action) {
     const line = await slowLine(server.port, delay);
     const context = await browser.newContext({ viewport: size, colorScheme, locale: "pt-BR" });
-    const user = `USER${++users}`;
     const errors = [];
     try {
         const page = await context.newPage();
@@ -65,7 +70,8 @@ async function runOne(browser, server, { delay = 0, colorScheme = "light", size 
         if (name && (await server.answers("quem"))) await comeIn(context, line.url, user);
         await page.goto(line.url);
         const screen = new Screen(page, name, pictures);
-        if (name) await screen.ready();
+        if (factory) await screen.settled();
+        else if (name) await screen.ready();
         await action(screen, { page, line, context, server, user, browser });
         assert.deepEqual(errors, [], "errors of the page");
     } finally {

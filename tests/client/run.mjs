@@ -10,5 +10,7 @@ import "./scanner.test.mjs";
 import "./dialogs.test.mjs";
 import "./line.test.mjs";
 import "./look.test.mjs";
+import "./factory.test.mjs";
+import "./protocol.test.mjs";
 
 await runAll();
