@@ -46,7 +46,7 @@ public:
     TGrid DBGrid2{*this, "DBGrid2", TbTemp,
         {.caption = "&Setores do fluxo",
             .columns = {{.field = "Ordem", .width = 8}, {.field = "Setor", .width = 8, .lookup = true},
-                {.field = "Descricao", .width = 60, .readOnly = true}},
+                {.field = "Descricao", .readOnly = true}},
             .lines = 14}};
 
     TRow pnlControle{*this, "pnlControle"};

@@ -9,14 +9,18 @@ import { Screen } from "./Screen.mjs";
 const tests = [];
 const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.url));
 
-/** `options`: delay in milliseconds each way, colorScheme, screen (the one brought to the front). */
+/** `options`: delay in milliseconds each way, colorScheme, screen (the one brought to the front), serves (the server's program). */
 export function test(name, options, action) {
     tests.push({ name, options, action });
 }
 
 export async function runAll() {
     const only = process.argv[2];
-    const server = await startServer();
+    const servers = new Map();
+    const served = async (name) => {
+        if (!servers.has(name)) servers.set(name, await startServer(0, name));
+        return servers.get(name);
+    };
     const browser = await startBrowser();
     await mkdir(pictures, { recursive: true });
     const failures = [];
@@ -24,7 +28,7 @@ export async function runAll() {
     for (const { name, options, action } of tests.filter((each) => !only || each.name.includes(only))) {
         const began = performance.now();
         try {
-            await runOne(browser, server, options, action);
+            await runOne(browser, await served(options.serves ?? "exemplo_servidor"), options, action);
             ++passed;
             console.log(`ok      ${name} (${Math.round(performance.now() - began)} ms)`);
         } catch (error) {
@@ -33,7 +37,7 @@ export async function runAll() {
         }
     }
     await browser.close();
-    await server.stop();
+    for (const server of servers.values()) await server.stop();
     console.log(`${passed} passed, ${failures.length} failed`);
     process.exitCode = failures.length === 0 ? 0 : 1;
 }

@@ -5,5 +5,6 @@ import "./scanner.test.mjs";
 import "./dialogs.test.mjs";
 import "./line.test.mjs";
 import "./look.test.mjs";
+import "./master.test.mjs";
 
 await runAll();
