@@ -480,6 +480,7 @@ private:
     void GravaEstorno();
 
     void AcrescentaPosicoes(const TStatement& condicao);
+
     /// The piece that a label stands for.
     struct TPeca {
         std::string codigo;
@@ -509,8 +510,8 @@ private:
     TPecas PecasDasTags();
 
     TOrvRFID& OrvRFIDMov;
-    std::unordered_set<std::string>
-        sListaEtq; ///< labels read since the screen was opened, whatever became of the order
+    /// Labels read since the screen was opened, whatever became of the order.
+    std::unordered_set<std::string> sListaEtq;
 
     TPrecos Precos;
 
@@ -526,8 +527,7 @@ private:
     const std::string sParamFAC240; ///< bar codes at the last sector: "N" not forced, "B" with labels of 128
     const std::string sParamFAC250; ///< "S": the movement number is mandatory off the first sector
     const std::string sParamFAC260; ///< "S": all parts leave the last sector together
-    const std::string
-        sParamEXP70; ///< labels of 128: "S" each is read once and bears the order, "N" as short as they are
+    const std::string sParamEXP70; ///< labels of 128: "S" read once each and with the order, "N" as short as they are
     const std::string sParamPCP140; ///< "2": the stock lot is the order
 
     TIndPag indPag = TIndPag::Nenhuma; ///< of the sector, read once for a confirmation

@@ -111,7 +111,7 @@ struct TTbRastrear final : TMemTable {
     TStringField Tam{*this, "Tam", 4, {.title = "Tam."}};
     TIntegerField ID{*this, "ID", {.title = "Identificador"}};
     TIntegerField ID_Ant{*this, "ID_Ant", {.title = "Veio de"}};
-    TIntegerField Seguida{*this, "Tag", {.visible = false}}; ///< 1 once the position before it was looked for
+    TIntegerField Tag{*this, "Tag", {.visible = false}}; ///< 1 once the position before it was looked for
 };
 
 } // namespace alinhavo

@@ -24,7 +24,7 @@ void TfmFacMov::BitBtn9Click()
     // An ancestor shared by several rows comes once for each of them: this is wanted.
     while (TbRastrear.Locate("Tag", {0})) {
         TbRastrear.Edit();
-        TbRastrear.Seguida = 1;
+        TbRastrear.Tag = 1;
         TbRastrear.Post();
         if (const std::int64_t anterior = TbRastrear.ID_Ant.value(); anterior > 0)
             AcrescentaPosicoes(TStatement("FACCAO.IDENTIFICADOR = ?", anterior));
@@ -59,7 +59,7 @@ void TfmFacMov::AcrescentaPosicoes(const TStatement& condicao)
         TbRastrear.Tam = posicoes.FieldByName("TAM").AsString();
         TbRastrear.ID = posicoes.FieldByName("IDENTIFICADOR").AsInteger();
         TbRastrear.ID_Ant = posicoes.FieldByName("ID_ANT").AsInteger();
-        TbRastrear.Seguida = 0;
+        TbRastrear.Tag = 0;
         TbRastrear.Post();
     });
 }
