@@ -1,7 +1,13 @@
 // A screen as its user sees it, by the names of its controls.
 import assert from "node:assert/strict";
 
-const titles = { fmExemplo: "Tingimento de Botões", fmLeitura: "Leitura de Código de Barras", fmControles: "Controles" };
+const titles = {
+    fmExemplo: "Tingimento de Botões",
+    fmLeitura: "Leitura de Código de Barras",
+    fmControles: "Controles",
+    fmCadFluxo: "Cadastro de Setores",
+    fmFacFluxo: "Cadastro de Fluxos",
+};
 
 export class Screen {
     constructor(page, name, pictures) {

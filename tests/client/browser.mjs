@@ -1,4 +1,4 @@
-// A browser and a server of the example screens for the tests.
+// A browser and the servers of screens for the tests.
 import { chromium } from "playwright-core";
 import { execFile, spawn } from "node:child_process";
 import { existsSync } from "node:fs";
@@ -12,13 +12,13 @@ import { createInterface } from "node:readline";
 const root = fileURLToPath(new URL("../../", import.meta.url));
 const presets = [process.env.ALINHAVO_BUILD, "release", "debug"].filter(Boolean);
 const built = (name) => presets.map((preset) => `${root}build/${preset}/bin/${name}`).find(existsSync);
-const program = built("exemplo_servidor");
 const product = built("alinhavo");
 const today = "20/11/2026";
 
 /** Listens on a free port, or on the one given; `stop` returns when it has ended. */
-export async function startServer(port = 0) {
-    if (!program) throw new Error("exemplo_servidor is not built");
+export async function startServer(port = 0, name = "exemplo_servidor") {
+    const program = built(name);
+    if (!program) throw new Error(`${name} is not built`);
     return serve(program, [`${root}client/dist`, String(port)], (child) => child.stdin.end());
 }
 

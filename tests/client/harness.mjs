@@ -14,7 +14,7 @@ const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.u
 
 /**
  * `options`: delay in milliseconds each way, colorScheme, size of the window, screen (the one brought to the front; null: nobody has come
- * in yet), needs (a path: without it at the server the test is skipped, and counted as such),
+ * in yet), needs (a path: without it at the server the test is skipped, and counted as such), serves (the server's program),
  * factory (the demonstration factory instead of the example screens) and who works in it.
  */
 export function test(name, options, action) {
@@ -23,7 +23,11 @@ export function test(name, options, action) {
 
 export async function runAll() {
     const only = process.argv[2];
-    const example = await startServer();
+    const servers = new Map();
+    const served = async (name) => {
+        if (!servers.has(name)) servers.set(name, await startServer(0, name));
+        return servers.get(name);
+    };
     const canServe = await factoryCanServe();
     let factory = null;
     const browser = await startBrowser();
@@ -34,14 +38,14 @@ export async function runAll() {
     const began = performance.now();
     for (const { name, options, action } of tests.filter((each) => !only || each.name.includes(only))) {
         const start = performance.now();
-        const lacking = options.factory ? !canServe : options.needs && !(await example.answers(options.needs));
+        const lacking = options.factory ? !canServe : options.needs && !(await (await served("exemplo_servidor")).answers(options.needs));
         if (lacking) {
             skipped.push(name);
             console.log(`skipped ${name}: the server has no ${options.needs ?? "factory"}`);
             continue;
         }
-        const server = options.factory ? (factory ??= await startFactory()) : example;
         try {
+            const server = options.factory ? (factory ??= await startFactory()) : await served(options.serves ?? "exemplo_servidor");
             await runOne(browser, server, options, action);
             ++passed;
             console.log(`ok      ${name} (${Math.round(performance.now() - start)} ms)`);
@@ -51,7 +55,7 @@ export async function runAll() {
         }
     }
     await browser.close();
-    await example.stop();
+    for (const server of servers.values()) await server.stop();
     await factory?.stop();
     console.log(`${passed} passed, ${failures.length} failed, ${skipped.length} skipped (${Math.round((performance.now() - began) / 1000)} s)`);
     process.exitCode = failures.length === 0 ? 0 : 1;

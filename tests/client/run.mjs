@@ -12,5 +12,6 @@ import "./line.test.mjs";
 import "./look.test.mjs";
 import "./factory.test.mjs";
 import "./protocol.test.mjs";
+import "./master.test.mjs";
 
 await runAll();
