@@ -151,6 +151,16 @@ std::vector<TInvariant> TreeOfLines()
             SELECT NUMERO, OP, PARTE
               FROM {FACCAO} WHERE COALESCE(COR, '') = '' OR COALESCE(TAM, '') = ''
              GROUP BY NUMERO, OP, PARTE ORDER BY NUMERO, OP, PARTE)"},
+        // A reversal takes the packets along with their position; the user may delete a position and leave them.
+        {"pacote_sem_posicao", Remark, "O pacote é de uma posição que não existe", R"(
+            SELECT K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM
+              FROM {PCP_PACOTE} K
+             WHERE NOT EXISTS (SELECT 1 FROM {FACCAO} F
+                                WHERE F.NUMERO = K.NUMERO AND F.OP = K.SETOR AND F.PARTE = COALESCE(K.PARTE, F.PARTE)
+                                  AND (COALESCE(K.MOV, 0) = 0 OR F.MOV = K.MOV)
+                                  AND COALESCE(F.COR, '') IN ('', K.COR) AND COALESCE(F.TAM, '') IN ('', K.TAM))
+             GROUP BY K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM
+             ORDER BY K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM)"},
     };
 }
 
