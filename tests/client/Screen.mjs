@@ -1,7 +1,11 @@
 // A screen as its user sees it, by the names of its controls.
 import assert from "node:assert/strict";
 
-const titles = { fmExemplo: "Tingimento de Botões", fmLeitura: "Leitura de Código de Barras" };
+const titles = {
+    fmExemplo: "Tingimento de Botões",
+    fmFacMov: "Movimentação de Setores",
+    fmLeitura: "Leitura de Código de Barras",
+};
 
 export class Screen {
     constructor(page, name, pictures) {
