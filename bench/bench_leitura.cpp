@@ -17,6 +17,7 @@
 #include <filesystem>
 #include <mutex>
 #include <nlohmann/json.hpp>
+#include <numeric>
 #include <unistd.h>
 
 namespace {
@@ -25,6 +26,7 @@ using namespace alinhavo;
 using TJson = nlohmann::json;
 
 constexpr int Codes = 1'000;
+constexpr int Rounds = 9; ///< of so many codes; the quietest counts, so that the machine's other work does not
 constexpr int Tags = 5'000;
 constexpr int Batches = 9;
 
@@ -200,25 +202,29 @@ void Check(double expected, double got)
 
 void Measure(const char* server, TGround& ground, int lines)
 {
-    std::vector<double> codes;
+    std::vector<double> medians;
+    std::vector<double> slowest;
     std::vector<double> keys;
-    for (int code = 0; code < Codes; ++code) {
-        const auto times = ground.Scan(TSewingApplication::Ean(code * 37 % lines + 1));
-        double sum = 0;
-        for (const double time : times)
-            sum += time;
-        codes.push_back(sum);
-        keys.push_back(*std::ranges::max_element(times));
+    for (int round = 0; round < Rounds; ++round) {
+        std::vector<double> codes;
+        for (int code = 0; code < Codes; ++code) {
+            const auto times = ground.Scan(TSewingApplication::Ean(code * 37 % lines + 1));
+            codes.push_back(std::accumulate(times.begin(), times.end(), 0.0));
+            keys.push_back(*std::ranges::max_element(times));
+        }
+        medians.push_back(Percentile(codes, 0.5));
+        slowest.push_back(Percentile(codes, 0.99));
     }
-    Check(Codes, ground.Total());
+    Check(Codes * Rounds, ground.Total());
     std::vector<double> batches;
     for (int batch = 0; batch < Batches; ++batch) {
         batches.push_back(ground.Batch());
         Check(Tags, ground.Total());
     }
-    std::printf("%-10s %5d lines   code p50 %6.2f ms p99 %6.2f ms   reading key p50 %6.2f ms p99 %6.2f ms   "
-                "%d tags p50 %7.1f ms max %7.1f ms\n",
-        server, lines, Percentile(codes, 0.5), Percentile(codes, 0.99), Percentile(keys, 0.5), Percentile(keys, 0.99),
+    std::printf(
+        "%-10s %5d lines   code p50 %5.2f ms p99 %5.2f ms (median round %5.2f ms)   its slowest key p50 %5.2f ms   "
+        "%d tags p50 %7.1f ms max %7.1f ms\n",
+        server, lines, Percentile(medians, 0), Percentile(slowest, 0), Percentile(slowest, 0.5), Percentile(keys, 0.5),
         Tags, Percentile(batches, 0.5), Percentile(batches, 1));
     std::fflush(stdout);
 }
