@@ -1,6 +1,8 @@
 #include "app/screens.h"
 
 #include "forms/TApplication.h"
+#include "master/TfmCadFluxo.h"
+#include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
 
 #include <memory>
@@ -18,6 +20,11 @@ void Register(TApplication& application, const char* className)
 
 } // namespace
 
-void RegisterScreens(TApplication& application) { Register<TfmFacMov>(application, "TfmFacMov"); }
+void RegisterScreens(TApplication& application)
+{
+    Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
+    Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
+    Register<TfmFacMov>(application, "TfmFacMov");
+}
 
 } // namespace alinhavo

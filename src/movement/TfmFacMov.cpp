@@ -74,16 +74,22 @@ TfmFacMov::TfmFacMov(TApplication& application)
     TbTemp.BeforePost.connect(this, &TfmFacMov::TbTempBeforePost);
     TbTemp.AfterPost.connect(this, &TfmFacMov::TbTempAfterPost);
 
+    LigaConsultas();
     OrvRFIDMov.Fornecedor = "Mozaiko";
     CbFormato.SetItemIndex(sParamFAC240 == "B" ? 1 : 0);
     edtQual.SetText("1");
     edtCodDeposito.SetText(DepositoInicial());
     EdtCodTip.SetText(App().Host.stock.CodigoTipoMovEstoque(TTipoMovimentoEstoque::EntradaProducao));
+    PageControl2.SetActivePage(tbsNormal);
     Tabela().AbreTabela("TbProduto");
     EdtRetorno.SetDate(application.Today());
     edtDtEntrada.SetDate(application.Today());
     edtDtProducao.SetDate(application.Today());
     CarregaPartes();
+    for (TComboBox* partes : {&CbConsParte, &CbEstorParte}) {
+        partes->SetItems(CbParte.Items());
+        partes->SetItemIndex(0);
+    }
     edtDtEntrada.SetEnabled(sParamFAC140 != "S");
     edtDtProducao.SetEnabled(sParamFAC90 != "S");
     PqEntidadeDest.Filtro = TStatement("BLOQUEIO <> ?", "S");
@@ -100,12 +106,7 @@ void TfmFacMov::TelaClose()
 
 void TfmFacMov::CarregaPartes()
 {
-    CbParte.ClearItems();
-    TOrvQuery partes = Consulta("SELECT CODIGO, DESCRICAO FROM {TIPO_APL} ORDER BY CODIGO");
-    partes.ForEach([&] {
-        CbParte.AddItem(partes.FieldByName("CODIGO").AsString() + " |" + partes.FieldByName("DESCRICAO").AsString());
-    });
-    CbParte.SetItemIndex(0);
+    PreenchePartes(CbParte, TStatement("SELECT CODIGO AS PARTE, DESCRICAO FROM {TIPO_APL} ORDER BY CODIGO"));
 }
 
 std::string TfmFacMov::DepositoDoUsuario()
@@ -123,13 +124,18 @@ void TfmFacMov::btn00IncluirClick()
 {
     if (!Acessa(TDireito::Altera))
         return;
+    AbreEntrada();
+    edtOFNum.SetFocus();
+}
+
+void TfmFacMov::AbreEntrada()
+{
     pnlCabecalho.SetEnabled(true);
     TravaCabecalho(false);
     pnlControle.SetVisible(false);
     pnlConfirma.SetVisible(true);
     edtMov.SetText("");
     cbBaixaBarras.SetChecked(false);
-    edtOFNum.SetFocus();
 }
 
 void TfmFacMov::btn00DesisteClick()
@@ -146,6 +152,7 @@ void TfmFacMov::MostraOcioso()
 {
     TravaCabecalho(true);
     pnlCabecalho.SetEnabled(false);
+    tbsAcesso.SetEnabled(true);
     pnlConfirma.SetVisible(false);
     pnlControle.SetVisible(true);
 }
@@ -216,7 +223,7 @@ void TfmFacMov::TelaKeyDown(TKey& key)
 {
     if (key.name == "F3") {
         key.name.clear();
-        Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.text());
+        Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.empty() ? edtM01OF.text() : edtOFNum.text());
     } else if (key.name == "F4") {
         AbrePesquisaDoCampo(key);
     } else if (key.name == "F7" && pnlConfirma.EffectivelyVisible()) {
@@ -229,9 +236,10 @@ void TfmFacMov::TelaKeyDown(TKey& key)
 
 void TfmFacMov::AbrePesquisaDoCampo(TKey& key)
 {
-    const std::array<std::pair<TControl*, TPesquisa*>, 5> pesquisas{
+    const std::array<std::pair<TControl*, TPesquisa*>, 10> pesquisas{
         {{&EdtSetor, &PqFluxo}, {&edtSetorProx, &PqSetorProx}, {&edtFluxo, &pqRFluxo}, {&edtFaccao, &PqFaccao},
-            {&edtFacDest, &PqEntidadeDest}}};
+            {&edtFacDest, &PqEntidadeDest}, {&edtM01Produto, &PqMProduto}, {&edtM02Produto, &PqEProduto},
+            {&edtRTipMov, &PqRTipMov}, {&edtRDeposito, &PqRDeposito}, {&edtDepositoRep, &PqDepositoRep}}};
     for (const auto& [field, pesquisa] : pesquisas) {
         if (!field->Focused())
             continue;

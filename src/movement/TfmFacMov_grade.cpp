@@ -38,6 +38,7 @@ void TfmFacMov::Retorno_Normal()
     TbTemp.First();
     TbTemp.Tag = Open;
     pnlCabecalho.SetEnabled(false);
+    tbsAcesso.SetEnabled(false);
     if (bgUltimoSetor && sLancaEstoque == "S") {
         AtualizaCodigoDeposito(edtOFNum.text());
         GbEstoque.SetVisible(true);
