@@ -25,7 +25,7 @@ async function intoTheField(screen) {
 
 for (const delay of [0, 200]) {
     const far = { delay, screen: "fmFacMov" };
-    const read = pieces(delay === 0 ? 30 : 12); // two answers a code are waited for
+    const read = pieces(delay === 0 ? 30 : 10); // two answers a code are waited for
     const howFar = `with ${delay} ms of delay each way`;
 
     test(`the movement screen reads codes with Enter, ${howFar}`, far, async (screen) => {
