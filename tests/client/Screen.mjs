@@ -7,6 +7,7 @@ const titles = {
     fmControles: "Controles",
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
+    fmFacMov: "Movimentação de Setores",
 };
 
 export class Screen {

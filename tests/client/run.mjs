@@ -7,6 +7,7 @@ import "./access.test.mjs";
 import "./focus.test.mjs";
 import "./grid.test.mjs";
 import "./scanner.test.mjs";
+import "./reading.test.mjs";
 import "./dialogs.test.mjs";
 import "./line.test.mjs";
 import "./look.test.mjs";
