@@ -79,7 +79,7 @@ test("two users move two orders at once", factory, async (screen, { browser, lin
 });
 
 for (const colorScheme of ["light", "dark"]) {
-    test(`pictures of the factory, ${colorScheme}`, { ...factory, colorScheme, size: { width: 1440, height: 900 } }, async (screen) => {
+    test(`pictures of the factory, ${colorScheme}`, { ...factory, colorScheme, size: { width: 1440, height: 960 } }, async (screen) => {
         const movement = new Movement(screen);
         await movement.open();
         await movement.include(colorScheme === "light" ? "026014" : "026015", { enters: true });

@@ -23,42 +23,77 @@ export function test(name, options, action) {
 
 export async function runAll() {
     const only = process.argv[2];
-    const servers = new Map();
-    const served = async (name) => {
-        if (!servers.has(name)) servers.set(name, await startServer(0, name));
-        return servers.get(name);
-    };
-    const canServe = await factoryCanServe();
-    let factory = null;
+    const outcome = { passed: 0, failed: 0, skipped: 0 };
+    const began = performance.now();
+    const servers = await Servers.start();
     const browser = await startBrowser();
     await mkdir(pictures, { recursive: true });
-    const failures = [];
-    const skipped = [];
-    let passed = 0;
-    const began = performance.now();
-    for (const { name, options, action } of tests.filter((each) => !only || each.name.includes(only))) {
-        const start = performance.now();
-        const lacking = options.factory ? !canServe : options.needs && !(await (await served("exemplo_servidor")).answers(options.needs));
-        if (lacking) {
-            skipped.push(name);
+    const chosen = tests.filter(({ name }) => !only || name.includes(only));
+    const lanes = new Map();
+    for (const each of chosen) lanes.set(laneOf(each.options), [...(lanes.get(laneOf(each.options)) ?? []), each]);
+    await Promise.all([...lanes.values()].map((lane) => runLane(lane, browser, servers, outcome)));
+    await browser.close();
+    await servers.stop();
+    const seconds = Math.round((performance.now() - began) / 1000);
+    console.log(`${outcome.passed} passed, ${outcome.failed} failed, ${outcome.skipped} skipped (${seconds} s)`);
+    process.exitCode = outcome.failed === 0 ? 0 : 1;
+}
+
+/** Tests of different lanes run side by side: those that wait for a slow line, those on the factory, and the others. */
+function laneOf({ factory, delay }) {
+    if (factory) return "factory";
+    return delay ? "slow" : "";
+}
+
+async function runLane(lane, browser, servers, outcome) {
+    for (const { name, options, action } of lane) {
+        const server = await servers.of(options);
+        if (!server) {
+            ++outcome.skipped;
             console.log(`skipped ${name}: the server has no ${options.needs ?? "factory"}`);
             continue;
         }
+        const start = performance.now();
         try {
-            const server = options.factory ? (factory ??= await startFactory()) : await served(options.serves ?? "exemplo_servidor");
             await runOne(browser, server, options, action);
-            ++passed;
+            ++outcome.passed;
             console.log(`ok      ${name} (${Math.round(performance.now() - start)} ms)`);
         } catch (error) {
-            failures.push(name);
+            ++outcome.failed;
             console.log(`FAILED  ${name}\n        ${String(error.stack ?? error).replaceAll("\n", "\n        ")}`);
         }
     }
-    await browser.close();
-    for (const server of servers.values()) await server.stop();
-    await factory?.stop();
-    console.log(`${passed} passed, ${failures.length} failed, ${skipped.length} skipped (${Math.round((performance.now() - began) / 1000)} s)`);
-    process.exitCode = failures.length === 0 ? 0 : 1;
+}
+
+/** The servers of the tests' screens, each started when the first test wants it. */
+class Servers {
+    #programs = new Map();
+    #factory = null;
+    #canServe;
+
+    static async start() {
+        const servers = new Servers();
+        servers.#canServe = await factoryCanServe();
+        return servers;
+    }
+
+    /** Null: what the test needs is not there. */
+    async of({ factory, needs, serves = "exemplo_servidor" }) {
+        if (factory) return this.#canServe ? (this.#factory ??= startFactory()) : null;
+        const server = await this.#program(serves);
+        return !needs || (await server.answers(needs)) ? server : null;
+    }
+
+    /** Lanes ask at the same time: what is kept is the promise. */
+    #program(name) {
+        if (!this.#programs.has(name)) this.#programs.set(name, startServer(0, name));
+        return this.#programs.get(name);
+    }
+
+    async stop() {
+        for (const server of this.#programs.values()) await (await server).stop();
+        await (await this.#factory)?.stop();
+    }
 }
 
 let users = 0;

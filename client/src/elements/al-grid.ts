@@ -195,8 +195,8 @@ export class GridElement extends TextElement {
             minWidth: this.leastWidth(column),
         };
         if (column.kind === "tick") base.valueFormatter = ({ value }) => (value === "S" ? "✓" : "");
-        const width = this.layout.width(column.field) ?? (column.width > 0 ? column.width * textPixels() * 0.64 + 20 : narrow[column.kind]);
-        return width === undefined ? { ...base, flex: this.contentLength(column) } : { ...base, width };
+        const width = this.layout.width(column.field) ?? (column.width > 0 ? column.width * textPixels() * 0.56 + 18 : narrow[column.kind]);
+        return width === undefined ? { ...base, flex: Math.max(column.title.length, this.contentLength(column)) } : { ...base, width };
     }
 
     /** Neither its title nor a code is cut off. */
@@ -206,11 +206,11 @@ export class GridElement extends TextElement {
     }
 
     /** Characters of its longest text, roughly: a little more or less is no reason to lay out the columns anew. */
-    private contentLength({ title, index }: GridColumn): number {
+    private contentLength({ index }: GridColumn): number {
         const { rows } = this.control;
-        let longest = title.length;
+        let longest = 1;
         for (let row = 0; row < Math.min(rows.count, rowsMeasured); ++row) longest = Math.max(longest, rows.get(row)?.texts[index]?.length ?? 0);
-        return Math.max(1, Math.ceil(longest / 8)) * 8;
+        return Math.ceil(longest / 8) * 8;
     }
 
     private row(node: IRowNode | null): RowData | undefined {
