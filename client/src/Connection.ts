@@ -18,6 +18,8 @@ export interface ConnectionListener {
     /** These were not carried out and have to be done again, where the focus now is. */
     takenBack(actions: readonly Action[]): void;
     lineChanged(connected: boolean): void;
+    /** No connection came about: the login may be gone. */
+    refused(): void;
 }
 
 const firstRetry = 250;
@@ -33,7 +35,8 @@ const isQuestion = (message: UserEvent) => message.event === "rows" || message.e
  */
 export class Connection {
     private socket: WebSocket | null = null;
-    private session = "";
+    /** Its public name; another place of work has another one. */
+    session = "";
     private last = 0;
     private turn = 0;
     private sent: Sent[] = [];
@@ -45,13 +48,14 @@ export class Connection {
 
     constructor(private readonly listener: ConnectionListener) {}
 
-    open(): void {
+    /** `wanted`: a session of the same user by its name, "nova" for another one, empty for the one he had last. */
+    open(wanted = this.session): void {
         this.over = false;
-        const url = new URL("/sessao", location.href);
+        const url = new URL(`/sessao?id=${encodeURIComponent(wanted)}`, location.href);
         url.protocol = url.protocol.replace("http", "ws");
         this.socket = new WebSocket(url);
         this.socket.addEventListener("message", (event) => this.receive(JSON.parse(String(event.data)) as ServerMessage));
-        this.socket.addEventListener("close", () => this.closed());
+        this.socket.addEventListener("close", () => this.closed(wanted));
     }
 
     /** An answer is under way that may move the focus. */
@@ -74,6 +78,16 @@ export class Connection {
         if (this.sent.length === 0) this.pendingSince = performance.now();
         this.sent.push({ message, actions });
         if (this.ready) this.socket?.send(JSON.stringify(message));
+    }
+
+    /** Not one of the messages in their order: the session may be at work for long. */
+    cancel(): void {
+        if (this.ready) this.socket?.send(JSON.stringify({ cancel: true }));
+    }
+
+    /** No more attempts. */
+    giveUp(): void {
+        this.over = true;
     }
 
     private receive(message: ServerMessage): void {
@@ -117,12 +131,14 @@ export class Connection {
         return [{ kind: "event", event }];
     }
 
-    private closed(): void {
+    private closed(wanted: string): void {
+        const refused = !this.ready;
         this.socket = null;
         this.ready = false;
         if (this.over) return;
         this.listener.lineChanged(false);
-        setTimeout(() => this.open(), this.retry);
+        if (refused) this.listener.refused();
+        setTimeout(() => !this.over && this.open(this.session || wanted), this.retry);
         this.retry = Math.min(this.retry * 2, lastRetry);
     }
 }

@@ -27,6 +27,8 @@ interface Surroundings {
     /** Something was held back, or all of it was done. */
     heldChanged(): void;
     receiver(): Receiver | null;
+    /** A key of the window itself: true when it was done. */
+    ownKey(key: string): boolean;
     /** Another text when the focus is elsewhere. */
     place(): string;
 }
@@ -66,6 +68,7 @@ export class Keyboard {
         document.body.append(this.catcher);
         this.catcher.addEventListener("input", () => this.caught());
         this.catcher.addEventListener("compositionend", () => this.caught());
+        this.catcher.addEventListener("paste", (event) => this.pasted(event));
         document.addEventListener("compositionstart", () => (this.composing = true), true);
         document.addEventListener("compositionend", () => this.composed(), true);
         document.addEventListener("keydown", (event) => this.keyDown(event), true);
@@ -81,6 +84,13 @@ export class Keyboard {
     /** Was not carried out: to be done before what is held. */
     putBack(actions: readonly Action[]): void {
         this.held.unshift(...actions);
+    }
+
+    /** To be done after what is held. */
+    append(actions: readonly Action[]): void {
+        this.held.push(...actions);
+        this.settle();
+        this.surroundings.heldChanged();
     }
 
     /** Something is held back. */
@@ -121,7 +131,7 @@ export class Keyboard {
         const typed = kept && !accented ? typedText(key) : null;
         if (kept && typed === null) return;
         event.preventDefault();
-        if (typed === null) receiver?.press(key, true);
+        if (typed === null) this.press(receiver, key, true);
         else receiver?.type(typed);
     }
 
@@ -129,6 +139,13 @@ export class Keyboard {
         if (this.composing || this.catcher.value === "") return;
         this.held.push({ kind: "text", text: this.catcher.value });
         this.catcher.value = "";
+    }
+
+    /** A line of text would lose the ends of the lines. */
+    private pasted(event: ClipboardEvent): void {
+        event.preventDefault();
+        const text = event.clipboardData?.getData("text/plain") ?? "";
+        if (text !== "") this.held.push({ kind: "text", text });
     }
 
     private composed(): void {
@@ -139,7 +156,7 @@ export class Keyboard {
 
     /** A click is held back like a key; it is for what was clicked, or for nothing. */
     private mouse(event: Event): void {
-        if (!this.holding || !event.isTrusted || (event.target instanceof Element && event.target.closest(".line"))) return;
+        if (!this.holding || !event.isTrusted || (event.target instanceof Element && event.target.closest(".unheld"))) return;
         event.preventDefault();
         event.stopPropagation();
         if (event.type === "click" && event.target instanceof HTMLElement)
@@ -158,10 +175,25 @@ export class Keyboard {
             const action = this.held.shift();
             if (!action) break;
             if (action.kind === "event") this.surroundings.send(action.event);
-            else if (receiver) perform(action, receiver);
+            else this.perform(action, receiver);
         }
         this.replaying = false;
         this.surroundings.heldChanged();
+    }
+
+    private perform(action: Exclude<Action, { kind: "event" }>, receiver: Receiver | null): void {
+        switch (action.kind) {
+            case "key":
+                return this.press(receiver, action.key, false);
+            case "text":
+                return receiver?.type(action.text);
+            case "click":
+                if (action.target.isConnected && !action.target.closest("[inert]")) action.target.click();
+        }
+    }
+
+    private press(receiver: Receiver | null, key: string, fresh: boolean): void {
+        if (!this.surroundings.ownKey(key)) receiver?.press(key, fresh);
     }
 
     private moveFocus(receiver: Receiver | null): void {
@@ -169,16 +201,5 @@ export class Keyboard {
         if (place !== this.place) receiver?.enter();
         else if (receiver && !receiver.hasFocus()) receiver.refocus();
         this.place = place;
-    }
-}
-
-function perform(action: Exclude<Action, { kind: "event" }>, receiver: Receiver): void {
-    switch (action.kind) {
-        case "key":
-            return receiver.press(action.key, false);
-        case "text":
-            return receiver.type(action.text);
-        case "click":
-            if (action.target.isConnected && !action.target.closest("[inert]")) action.target.click();
     }
 }

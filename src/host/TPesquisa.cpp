@@ -11,7 +11,7 @@ namespace alinhavo {
 namespace {
 
 constexpr std::size_t shownColumns = 6;
-constexpr int widestShown = 120;
+constexpr int widestShown = 150;
 constexpr std::size_t longestSearch = 60;
 
 bool Suits(const TColumnDecl& column)

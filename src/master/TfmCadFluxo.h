@@ -45,18 +45,25 @@ public:
     TButton BtnDesistir{pnlConfirma, "BtnDesistir", {.caption = "&Desistir", .role = TButtonRole::Cancel}};
 
     TGrid DBGrid1{*this, "DBGrid1", tbCadFluxo,
-        {.columns = {{.field = "CODIGO", .title = "Código"}, {.field = "DESCRICAO", .title = "Descrição", .width = 30},
-             {.field = "INVENTARIO", .title = "Inventário", .tick = true}, {.field = "CUSTO", .title = "Custo"},
-             {.field = "TIPO", .title = "Tipo"}, {.field = "DIAS", .title = "Dias"},
-             {.field = "CONTA", .title = "Conta"}, {.field = "ALT_PRECO", .title = "Alt. preço", .tick = true},
-             {.field = "PRECO", .title = "Preço"}, {.field = "ORDEM", .title = "Ordem"},
-             {.field = "GRUPO", .title = "Grupo"}, {.field = "BAIXAMAIOR", .title = "Maior OF", .tick = true},
-             {.field = "BAIXAMOV", .title = "Nº mov.", .tick = true},
-             {.field = "BAIXALIVRE", .title = "Livre", .tick = true}, {.field = "PECAS_DIA", .title = "Peças/dia"},
-             {.field = "IMP_FLUXO", .title = "Relatórios", .tick = true}, {.field = "IND_PAG", .title = "Pagamento"},
-             {.field = "BAIXACONSUMO", .title = "Consumos", .tick = true},
-             {.field = "BAIXADEFEITO", .title = "Defeitos", .tick = true}, {.field = "CODSPED", .title = "SPED"},
+        {.columns = {{.field = "CODIGO", .title = "Código", .width = 7},
+             {.field = "DESCRICAO", .title = "Descrição", .width = 30},
+             {.field = "INVENTARIO", .title = "Inventário", .width = 10, .tick = true},
+             {.field = "CUSTO", .title = "Custo", .width = 9}, {.field = "TIPO", .title = "Tipo", .width = 5},
+             {.field = "DIAS", .title = "Dias", .width = 5}, {.field = "CONTA", .title = "Conta", .width = 12},
+             {.field = "ALT_PRECO", .title = "Alt. preço", .width = 10, .tick = true},
+             {.field = "PRECO", .title = "Preço", .width = 9}, {.field = "ORDEM", .title = "Ordem", .width = 6},
+             {.field = "GRUPO", .title = "Grupo", .width = 6},
+             {.field = "BAIXAMAIOR", .title = "Maior OF", .width = 9, .tick = true},
+             {.field = "BAIXAMOV", .title = "Nº mov.", .width = 8, .tick = true},
+             {.field = "BAIXALIVRE", .title = "Livre", .width = 6, .tick = true},
+             {.field = "PECAS_DIA", .title = "Peças/dia", .width = 9},
+             {.field = "IMP_FLUXO", .title = "Relatórios", .width = 10, .tick = true},
+             {.field = "IND_PAG", .title = "Pagamento", .width = 10},
+             {.field = "BAIXACONSUMO", .title = "Consumos", .width = 10, .tick = true},
+             {.field = "BAIXADEFEITO", .title = "Defeitos", .width = 9, .tick = true},
+             {.field = "CODSPED", .title = "SPED", .width = 10},
              {.field = "COMPLEMENTO", .title = "Complemento", .width = 30}},
+            .lines = 7,
             .readOnly = true}};
 
     TGroupBox pnlDados{*this, "pnlDados", {.caption = "Setor", .enabled = false}};
@@ -66,6 +73,8 @@ public:
         linhaSetor, "DBEdit2", tbCadFluxo, "DESCRICAO", {.caption = "Descrição", .maxLength = 80, .upperCase = true}};
     TDBNumberEdit DbOrdem{linhaSetor, "DbOrdem", tbCadFluxo, "ORDEM", {.caption = "Ordem"}};
     TDBEdit EdtGrupo{linhaSetor, "EdtGrupo", tbCadFluxo, "GRUPO", {.caption = "Grupo", .maxLength = 3, .lookup = true}};
+    TDBRadioGroup DBRadioGroup1{linhaSetor, "DBRadioGroup1", tbCadFluxo, "TIPO",
+        {.caption = "Tipo", .items = {"Produto", "Material"}, .values = {"P", "M"}}};
 
     TRow linhaValores{pnlDados, "linhaValores"};
     TDBNumberEdit DBEdit3{linhaValores, "DBEdit3", tbCadFluxo, "PRECO", {.caption = "Preço"}};
@@ -90,35 +99,31 @@ public:
     TDBCheckBox CBInv{linhaPrazo, "CBInv", tbCadFluxo, "INVENTARIO", {.caption = "Gera Inventário"}};
     TDBCheckBox DBCheckBox3{linhaPrazo, "DBCheckBox3", tbCadFluxo, "IMP_FLUXO", {.caption = "Mostrar em Relatórios"}};
 
-    TRow linhaOpcoes{pnlDados, "linhaOpcoes"};
-    TDBRadioGroup DBRadioGroup1{linhaOpcoes, "DBRadioGroup1", tbCadFluxo, "TIPO",
-        {.caption = "Tipo", .items = {"Produto", "Material"}, .values = {"P", "M"}}};
-    TDBRadioGroup DBRadioGroup2{linhaOpcoes, "DBRadioGroup2", tbCadFluxo, "IND_PAG",
+    TDBRadioGroup DBRadioGroup2{pnlDados, "DBRadioGroup2", tbCadFluxo, "IND_PAG",
         {.caption = "Pagamento",
             .items = {"Somente peças de 1º qualidade", "Peças de 1º e 2º qualidade",
                 "Peças de 1º e 2º qualidade e Incompletas", "Peças de 1º qualidade e Incompletas"},
             .values = {"1", "2", "3", "4"}}};
-    TGroupBox gbParametros{linhaOpcoes, "gbParametros", {.caption = "Parâmetros de Movimentação"}};
-    TRow linhaParametros{gbParametros, "linhaParametros"};
-    TPanel colunaQuantidades{linhaParametros, "colunaQuantidades"};
+    TGroupBox gbParametros{pnlDados, "gbParametros", {.caption = "Parâmetros de Movimentação"}};
+    TRow linhaQuantidades{gbParametros, "linhaQuantidades"};
     TDBCheckBox CbAltPreco{
-        colunaQuantidades, "CbAltPreco", tbCadFluxo, "ALT_PRECO", {.caption = "Permite alterar Preço"}};
-    TDBCheckBox cbBaixaMaior{colunaQuantidades, "cbBaixaMaior", tbCadFluxo, "BAIXAMAIOR",
+        linhaQuantidades, "CbAltPreco", tbCadFluxo, "ALT_PRECO", {.caption = "Permite alterar Preço"}};
+    TDBCheckBox cbBaixaMaior{linhaQuantidades, "cbBaixaMaior", tbCadFluxo, "BAIXAMAIOR",
         {.caption = "Permite baixar quantidade Maior OF",
             .hint = "Permite ou não Movimentar na facção quantidade maior do que está na OF."}};
     TDBCheckBox DBCheckBox1{
-        colunaQuantidades, "DBCheckBox1", tbCadFluxo, "BAIXAMOV", {.caption = "Obriga a informar Número Movimento"}};
-    TDBCheckBox DBCheckBox2{colunaQuantidades, "DBCheckBox2", tbCadFluxo, "BAIXALIVRE",
+        linhaQuantidades, "DBCheckBox1", tbCadFluxo, "BAIXAMOV", {.caption = "Obriga a informar Número Movimento"}};
+    TDBCheckBox DBCheckBox2{linhaQuantidades, "DBCheckBox2", tbCadFluxo, "BAIXALIVRE",
         {.caption = "Permite baixar fora da ordem do Fluxo"}};
-    TPanel colunaConferencias{linhaParametros, "colunaConferencias"};
+    TRow linhaConferencias{gbParametros, "linhaConferencias"};
     TDBCheckBox DBCheckBox4{
-        colunaConferencias, "DBCheckBox4", tbCadFluxo, "BAIXAPARCIAL", {.caption = "Permite Movimentação Parcial"}};
+        linhaConferencias, "DBCheckBox4", tbCadFluxo, "BAIXAPARCIAL", {.caption = "Permite Movimentação Parcial"}};
     TDBCheckBox CbBaixaConsumo{
-        colunaConferencias, "CbBaixaConsumo", tbCadFluxo, "BAIXACONSUMO", {.caption = "Solicita baixa de consumos"}};
-    TDBCheckBox CbBaixaDefeito{colunaConferencias, "CbBaixaDefeito", tbCadFluxo, "BAIXADEFEITO",
+        linhaConferencias, "CbBaixaConsumo", tbCadFluxo, "BAIXACONSUMO", {.caption = "Solicita baixa de consumos"}};
+    TDBCheckBox CbBaixaDefeito{linhaConferencias, "CbBaixaDefeito", tbCadFluxo, "BAIXADEFEITO",
         {.caption = "Validar Apontamento de Defeitos"}};
     TDBCheckBox CbMovReprovados{
-        colunaConferencias, "CbMovReprovados", tbCadFluxo, "MOVREPROVADO", {.caption = "Movimentar Estoque Reprovado"}};
+        linhaConferencias, "CbMovReprovados", tbCadFluxo, "MOVREPROVADO", {.caption = "Movimentar Estoque Reprovado"}};
 
     TPesquisa PqConsulta{*this, "PqConsulta", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};
     TPesquisa PqGrupo{*this, "PqGrupo", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};

@@ -31,10 +31,8 @@ TfmFacFluxo::TfmFacFluxo(TApplication& application)
         Tabela().AbreTabela(tabela);
 }
 
-/// Whoever opens the lines of the flows next finds all of them.
 void TfmFacFluxo::TelaClose()
 {
-    tbFluxo.Unrestrict();
     for (const auto* tabela : {"tbFluxo", "tbCadfluxo", "TbTabela"})
         Tabela().FechaTabela(tabela);
 }

@@ -45,8 +45,8 @@ public:
     TMenuItem ExcluirSetor1{PopupMenu1, "ExcluirSetor1", {.caption = "Excluir Setor", .shortcut = "Ctrl+Del"}};
     TGrid DBGrid2{*this, "DBGrid2", TbTemp,
         {.caption = "&Setores do fluxo",
-            .columns
-            = {{.field = "Ordem"}, {.field = "Setor", .lookup = true}, {.field = "Descricao", .readOnly = true}},
+            .columns = {{.field = "Ordem", .width = 8}, {.field = "Setor", .width = 8, .lookup = true},
+                {.field = "Descricao", .readOnly = true}},
             .lines = 14}};
 
     TRow pnlControle{*this, "pnlControle"};

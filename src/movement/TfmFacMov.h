@@ -506,7 +506,6 @@ private:
     void EncerraRFID(int formato);
     bool LancaTags(const TPecas& pecas, std::string& excedentes);
     bool LancaTag(const TPeca& peca, double quantidade, bool aMaior, std::string& excedentes);
-    std::vector<TBookmark> LinhasDaPeca(const TPeca& peca);
     TPecas PecasDasTags();
 
     TOrvRFID& OrvRFIDMov;

@@ -70,6 +70,8 @@ void TfmFacMov::BitBtn1Click()
         return Recusa("Número de OF inválido.", edtM02OF);
 
     const std::string parte = Left(CbEstorParte.text(), 2);
+    const TValue fluxo = ConsultaValor(
+        "SELECT MAX(FLUXO) AS FLUXO FROM {FACCAO} WHERE NUMERO = ? AND PARTE = ?", edtM02OF.text(), parte);
     TStatement& select = QryEstorno.SQL = TStatement(R"(
         SELECT FACCAO.MOV, FACCAO.PARTE, PARTE.DESCRICAO AS DESC_PARTE, FACCAO.OP AS SETOR,
                CADFLUXO.DESCRICAO AS DESC_SETOR, FACCAO.CODCLI, CLIENTE.NOME, FACCAO.COR, COR.DESCRICAO AS DESC_COR,
@@ -79,20 +81,22 @@ void TfmFacMov::BitBtn1Click()
           FROM {FACCAO3} FACCAO
           JOIN {OF1} OF1 ON OF1.NUMERO = FACCAO.NUMERO
           JOIN {ENTIDADE} CLIENTE ON CLIENTE.CODCLI = FACCAO.CODCLI
+          LEFT JOIN {FLUXO} FLUXO ON FLUXO.CODIGO = ? AND FLUXO.SETOR = FACCAO.OP
           LEFT JOIN {CADFLUXO} CADFLUXO ON CADFLUXO.CODIGO = FACCAO.OP
           JOIN {TABTAM} TABTAM ON TABTAM.TAM = FACCAO.TAM
           LEFT JOIN {CADCOR} COR ON COR.COR = FACCAO.COR
           LEFT JOIN {TIPO_APL} PARTE ON PARTE.CODIGO = FACCAO.PARTE
           LEFT JOIN {DEPOSITO} DEPOSITO ON DEPOSITO.CODIGO = FACCAO.DEPOSITO
          WHERE FACCAO.QUANT+FACCAO.QUANT_2+FACCAO.QUANT_I+FACCAO.QUANT_F > 0 AND FACCAO.PARTE = ? AND FACCAO.NUMERO = ?)",
-        parte, edtM02OF.text());
+        fluxo, parte, edtM02OF.text());
     if (!Branco(edtM02Produto))
         select.Add(" AND FACCAO.CODIGO = ?", edtM02Produto.text());
     if (!cbEstorMov.empty())
         select.Add(" AND FACCAO.MOV = ?", BareNumber(cbEstorMov.text()));
     if (!faccao.empty())
         select.Add(" AND FACCAO.CODCLI = ?", faccao);
-    select.Add(" ORDER BY FACCAO.IDENTIFICADOR");
+    select.Add(" ORDER BY FACCAO.IDENTIFICADOR, FLUXO.ORDEM, FACCAO.CODIGO, FACCAO.OP, FACCAO.COR, TABTAM.ACRESCIMO, "
+               "FACCAO.TAM");
     QryEstorno.Open();
     QryEstorno.Last();
 

@@ -76,21 +76,19 @@ bool TfmFacMov::LancaTags(const TPecas& pecas, std::string& excedentes)
     return true;
 }
 
-/// Fills the piece's rows, oldest batch first, each with its balance.
+/// Fills the piece's rows, oldest batch first, each with its balance. The table is sorted by piece and batch.
 bool TfmFacMov::LancaTag(const TPeca& peca, double quantidade, bool aMaior, std::string& excedentes)
 {
-    const std::vector<TBookmark> linhas = LinhasDaPeca(peca);
-    const auto temPendente = [&](const TBookmark& linha) {
-        TbTemp.GoToBookmark(linha);
-        return aMaior || TbTemp.Qt_Orig.value() > TbTemp.Quant_B.value() + TbTemp.Quant.value();
-    };
-    if (std::ranges::none_of(linhas, temPendente))
+    const bool existe = TbTemp.Locate("codigo;cor;tam", {peca.codigo, peca.cor, peca.tam});
+    const TBookmark primeira = TbTemp.Bookmark();
+    const auto naPeca = [&] { return !TbTemp.Eof() && EhDaPeca(TbTemp.RecNo() - 1, peca); };
+    bool pendente = existe && aMaior;
+    for (; existe && !pendente && naPeca(); TbTemp.Next())
+        pendente = TemPendente(TbTemp.RecNo() - 1);
+    if (!pendente)
         return Alarme("Tag RFID não encontrada na OF ou já baixada."), false;
 
-    for (const TBookmark& linha : linhas) {
-        if (quantidade <= 0)
-            break;
-        TbTemp.GoToBookmark(linha);
+    for (TbTemp.GoToBookmark(primeira); quantidade > 0 && naPeca(); TbTemp.Next()) {
         const double parcela = std::min(TbTemp.Saldo.value(), quantidade);
         SomaQuant(parcela);
         quantidade -= parcela;
@@ -105,24 +103,10 @@ bool TfmFacMov::LancaTag(const TPeca& peca, double quantidade, bool aMaior, std:
         Application().ShowDialog(aviso);
         return false;
     }
-    TbTemp.GoToBookmark(linhas.front());
+    TbTemp.GoToBookmark(primeira);
     SomaQuant(quantidade);
     excedentes += "\nCor: " + TbTemp.Cor.value() + "-" + TbTemp.DescCor.value() + " / Tam.: " + TbTemp.Tam.value();
     return true;
-}
-
-/// In the order of their batches; the table is sorted by piece and batch.
-std::vector<TBookmark> TfmFacMov::LinhasDaPeca(const TPeca& peca)
-{
-    std::vector<TBookmark> linhas;
-    if (!TbTemp.Locate("codigo;cor;tam", {peca.codigo, peca.cor, peca.tam}))
-        return linhas;
-    do {
-        linhas.push_back(TbTemp.Bookmark());
-        TbTemp.Next();
-    } while (!TbTemp.Eof() && TbTemp.Tam.value() == peca.tam && TbTemp.Cor.value() == peca.cor
-        && TbTemp.Codigo.value() == peca.codigo);
-    return linhas;
 }
 
 /// What the codes of the batch stand for, asked for many at a time.

@@ -1,6 +1,6 @@
 // The line to the server: lost, taken over, gone with the server.
 import assert from "node:assert/strict";
-import { test } from "./harness.mjs";
+import { comeIn, password, test } from "./harness.mjs";
 import { startServer } from "./browser.mjs";
 import { Screen } from "./Screen.mjs";
 
@@ -48,8 +48,9 @@ test("another window takes the session over, and the first can take it back", {}
     await screen.hasText("edtPedido", "55");
 });
 
-test("two browsers have sessions of their own", {}, async (screen, { page, line }) => {
+test("two browsers have sessions of their own", { needs: "quem" }, async (screen, { page, line }) => {
     const context = await page.context().browser().newContext();
+    await comeIn(context, line.url, "OUTRO");
     const second = await context.newPage();
     await second.goto(line.url);
     const other = new Screen(second, "fmExemplo", "");
@@ -97,9 +98,10 @@ for (const { delay, reads, ...how } of [
         });
 }
 
-test("a server that goes away and comes back begins a new session by itself", {}, async (_screen, { context }) => {
+test("a server that goes away says so, and when it is back its users come in again", { needs: "quem" }, async (_screen, { context }) => {
     const first = await startServer();
     const page = await context.newPage();
+    await comeIn(context, first.url, "ANA");
     await page.goto(first.url);
     const screen = new Screen(page, "fmExemplo", "");
     await screen.ready();
@@ -107,9 +109,24 @@ test("a server that goes away and comes back begins a new session by itself", {}
     await page.getByText("A sessão terminou.").waitFor();
     const second = await startServer(first.port);
     await page.getByRole("button", { name: "Entrar novamente" }).click();
+    await screen.comesIn("ANA", password);
     await screen.ready();
     await screen.hasText("edtPedido", "");
     assert.equal(second.port, first.port);
+    await page.close();
+    await second.stop();
+});
+
+test("a server that is gone without a word and comes back knows nobody", { needs: "quem" }, async (_screen, { context }) => {
+    const first = await startServer();
+    const page = await context.newPage();
+    await comeIn(context, first.url, "ANA");
+    await page.goto(first.url);
+    await new Screen(page, "fmExemplo", "").ready();
+    await first.kill();
+    await page.getByText("Conexão perdida").waitFor();
+    const second = await startServer(first.port);
+    await page.getByText("A sessão terminou.").waitFor();
     await page.close();
     await second.stop();
 });

@@ -54,6 +54,7 @@ export abstract class TextElement extends ControlElement {
             ?disabled=${this.disabled}
             @input=${this.edited}
             @beforeinput=${this.aboutToEdit}
+            @paste=${this.pasted}
             @pointerdown=${this.pointed}
         />`;
     }
@@ -120,6 +121,13 @@ export abstract class TextElement extends ControlElement {
         if (event.currentTarget !== this.field) event.preventDefault();
         if (!this.focusedByServer) session.send({ event: "focus", ...this.address });
     }
+
+    /** As it was copied: a field of one line would lose the ends of the lines. */
+    protected readonly pasted = (event: ClipboardEvent): void => {
+        event.preventDefault();
+        const text = event.clipboardData?.getData("text/plain") ?? "";
+        if (text !== "") this.type(text);
+    };
 
     protected aboutToEdit(event: InputEvent): void {
         if (!event.isComposing && event.data && this.typedSpecially(event.data)) event.preventDefault();
