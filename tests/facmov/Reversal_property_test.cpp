@@ -367,7 +367,8 @@ void ReversalProperty::Play(std::uint64_t seed)
     for (int attempts = random.Between(1, rules.together ? 12 : 8); attempts > 0 && !HasFailure(); --attempts)
         Move(random, rules);
 
-    const bool moved = Number({"SELECT COUNT(*) FROM {FACCAO3}"}) > 0;
+    // A confirmation without quantities moves nothing, and governs the order all the same.
+    const bool confirmed = Number({"SELECT COUNT(*) FROM {GERALOG} WHERE TEXTO LIKE 'MOVIMENTO DE OF %'"}) > 0;
     const double finished = Number({"SELECT SUM(QTDE_B) FROM {OF_ITEN}"});
     taken01_ = Number({"SELECT SUM(QUANT) FROM {FACCAO3} WHERE ESTOQUE = 'S' AND (REPROCESSO IS NULL OR OP <> '40' "
                        "OR (SELECT MAX(ESTOQUE) FROM {PRODUTO}) <> 'S')"});
@@ -401,8 +402,8 @@ void ReversalProperty::Play(std::uint64_t seed)
     // Production goes on governing the order; pieces that are open again after having been finished are not summed.
     if (after.contains("OF1")) {
         const double open = Number({"SELECT SUM(QTDE) FROM {OF_ITEN}"});
-        EXPECT_EQ(Number({"SELECT ATIVOS FROM {OF1}"}), moved ? open - finished : open);
-        EXPECT_EQ(Number({"SELECT COUNT(*) FROM {OF1} WHERE FAC_QTDE = 'S'"}), moved ? 1 : 0);
+        EXPECT_EQ(Number({"SELECT ATIVOS FROM {OF1}"}), confirmed ? open - finished : open);
+        EXPECT_EQ(Number({"SELECT COUNT(*) FROM {OF1} WHERE FAC_QTDE = 'S'"}), confirmed ? 1 : 0);
         db->ExecSQL({"UPDATE {OF1} SET ATIVOS = ?, FAC_QTDE = 'N'", open});
         after["OF1"] = Snapshot()["OF1"];
         db->RollbackRetaining();
@@ -416,14 +417,17 @@ TEST_P(ReversalProperty, RandomHistoriesAreUndoneByReversingAllTheirMovements)
     const int histories = IsFirebird() ? asked : std::max(asked / 10, 5);
     const int first = Setting("ALINHAVO_REVERSAL_SEED", 1);
     const auto begin = std::chrono::steady_clock::now();
-    for (int seed = first; seed < first + histories && !HasFailure(); ++seed) {
+    int played = 0;
+    for (int seed = first; played < histories && !HasFailure(); ++seed, ++played) {
         SCOPED_TRACE("ALINHAVO_REVERSAL_SEED=" + std::to_string(seed));
         Play(static_cast<std::uint64_t>(seed));
     }
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
-    std::cout << histories << " histories, " << movements << " movements (" << joint << " of parts together), "
+    std::cout << played << " histories, " << movements << " movements (" << joint << " of parts together), "
               << reversals << " lines reversed, " << took.count() << " s\n";
-    EXPECT_GT(movements, histories);
+    if (played < 5) // a single one that is played again may be short
+        return;
+    EXPECT_GT(movements, played);
     EXPECT_GT(reversals, movements);
 }
 

@@ -35,9 +35,11 @@ std::vector<TInvariant> LinesAgainstHistory()
                                  WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
                                    AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
                                    AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR))
+                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR)
+                    AND EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
-        // A position of the first sector and one of a reprocess can be deleted after they were moved.
+        // A position of the first sector and one of a reprocess can be deleted after they were moved. So can one that only
+        // losses have left: the reversal of a movement whose number tells no position takes one with as many pieces.
         {"historico_de_posicao_excluida", Remark, "A posição de que o movimento saiu foi excluída", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
@@ -48,7 +50,8 @@ std::vector<TInvariant> LinesAgainstHistory()
                                     WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
                                       AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
                                       AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR))
+                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR)
+                    OR NOT EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
         // The lines of other parts that leave the last sector with the grid's have a history without a reprocess column,
         // and are written even when nothing is left for them.
