@@ -2,6 +2,7 @@
 
 #include "forms/TApplication.h"
 #include "movement/TfmFacMov.h"
+#include "reports/TfmRelFacPen.h"
 
 #include <memory>
 
@@ -18,6 +19,10 @@ void Register(TApplication& application, const char* className)
 
 } // namespace
 
-void RegisterScreens(TApplication& application) { Register<TfmFacMov>(application, "TfmFacMov"); }
+void RegisterScreens(TApplication& application)
+{
+    Register<TfmFacMov>(application, "TfmFacMov");
+    Register<TfmRelFacPen>(application, "TfmRelFacPen");
+}
 
 } // namespace alinhavo
