@@ -77,18 +77,18 @@ export class Connection {
     }
 
     private receive(message: ServerMessage): void {
-        if (message.session !== undefined) this.begin(message.session, message.done ?? 0);
+        if (message.session !== undefined) this.begin(message.session, message);
         if (message.replaced || message.ended !== undefined) this.over = true;
         if (message.done !== undefined) this.answered(message);
         if (message.session !== undefined) this.takeBackUnsent();
         this.listener.received(message);
     }
 
-    private begin(session: string, done: number): void {
+    private begin(session: string, { done = 0, passed = [] }: ServerMessage): void {
         this.retry = firstRetry;
         this.ready = true;
         this.listener.lineChanged(true);
-        this.unsent = session === this.session ? this.sent.filter(({ message }) => message.n > done) : [];
+        this.unsent = session === this.session ? this.sent.filter(({ message: { n } }) => n > done || passed.includes(n)) : [];
         this.sent = [];
         this.session = session;
         this.last = done;
@@ -104,7 +104,7 @@ export class Connection {
         this.listener.takenBack(back.flatMap(({ actions }) => actions));
     }
 
-    /** After a cut line: what the server did not get is done again, on what the server now shows. */
+    /** After a cut line: what the server did not get, or passed over, is done again, on what the server now shows. */
     private takeBackUnsent(): void {
         const actions = this.unsent.flatMap((sent) => this.actionsOf(sent));
         this.unsent = [];

@@ -44,13 +44,15 @@ const afterRendering = () =>
 
 /**
  * Brings what the user does at the keyboard and with the mouse to what has the focus. While an answer is under way that may move the
- * focus, it holds everything back, in its order, and afterwards does it where the focus then is. What is typed meanwhile goes
- * into a field of its own that nobody sees, so that the browser composes accented letters and pastes as it always does.
+ * focus, it holds everything back, in its order, and afterwards does it where the focus then is. What the browser composes or pastes
+ * meanwhile goes into a field of its own that nobody sees.
  */
 export class Keyboard {
     private held: Action[] = [];
     private replaying = false;
     private composing = false;
+    /** The key before was the first half of an accented letter: the browser types what becomes of it. */
+    private accent = false;
     private place = "";
     private readonly catcher = document.createElement("input");
 
@@ -92,28 +94,35 @@ export class Keyboard {
 
     private keyDown(event: KeyboardEvent): void {
         if (event.isComposing || event.metaKey) return;
-        if (!this.holding) return this.pass(event);
-        this.hold(event);
+        const key = keyName(event);
+        const accented = this.accent && key !== null;
+        this.accent = event.key === "Dead" || (this.accent && key === null);
+        if (!this.holding) return this.pass(event, key, accented);
+        this.hold(event, key, accented);
         this.surroundings.heldChanged();
     }
 
-    private hold(event: KeyboardEvent): void {
-        const key = keyName(event);
-        if (event.key === "Dead" || (key !== null && (typedText(key) !== null || isPaste(key)))) {
+    private hold(event: KeyboardEvent, key: string | null, accented: boolean): void {
+        const typed = key === null ? null : typedText(key);
+        if (event.key === "Dead" || (key !== null && (isPaste(key) || (accented && typed !== null)))) {
             this.catcher.focus({ preventScroll: true });
         } else if (key !== null) {
             event.preventDefault();
-            this.held.push({ kind: "key", key });
+            this.held.push(typed === null ? { kind: "key", key } : { kind: "text", text: typed });
         }
     }
 
-    private pass(event: KeyboardEvent): void {
+    /** A letter is typed here and now: the browser would type it a moment later, when an answer may have come in between. */
+    private pass(event: KeyboardEvent, key: string | null, accented: boolean): void {
         const receiver = this.surroundings.receiver();
         if (receiver && !receiver.hasFocus()) receiver.refocus();
-        const key = keyName(event);
-        if (key === null || isBrowsers(key) || receiver?.keeps(key)) return;
+        if (key === null || isBrowsers(key)) return;
+        const kept = receiver?.keeps(key) === true;
+        const typed = kept && !accented ? typedText(key) : null;
+        if (kept && typed === null) return;
         event.preventDefault();
-        receiver?.press(key, true);
+        if (typed === null) receiver?.press(key, true);
+        else receiver?.type(typed);
     }
 
     private caught(): void {

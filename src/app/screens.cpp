@@ -1,6 +1,8 @@
 #include "app/screens.h"
 
 #include "forms/TApplication.h"
+#include "master/TfmCadFluxo.h"
+#include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
 #include "reports/TfmRelFacPen.h"
 
@@ -21,6 +23,8 @@ void Register(TApplication& application, const char* className)
 
 void RegisterScreens(TApplication& application)
 {
+    Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
+    Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
     Register<TfmFacMov>(application, "TfmFacMov");
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
 }

@@ -106,6 +106,16 @@ void TPesquisa::AbrePesquisa()
     }
 }
 
+void TPesquisa::Serve(TControl& field) { field.OnKeyDown.connect(this, &TPesquisa::FieldKeyDown); }
+
+void TPesquisa::FieldKeyDown(TKey& key)
+{
+    if (key.name != "F4" && key.name != "F5")
+        return;
+    key.Swallow();
+    AbrePesquisa();
+}
+
 TValue TPesquisa::RetornoPesquisa(std::string_view column) const
 {
     const auto* field = rows_ ? rows_->FindField(column) : nullptr;

@@ -63,7 +63,12 @@ TTabela::~TTabela() = default;
 
 void TTabela::AbreTabela(std::string_view name) { Tabela(name).Open(); }
 
-void TTabela::FechaTabela(std::string_view name) { Tabela(name).Close(); }
+void TTabela::FechaTabela(std::string_view name)
+{
+    auto& shared = Tabela(name);
+    if (!shared.IsEditing())
+        shared.Close();
+}
 
 TOrvTable& TTabela::Tabela(std::string_view name)
 {

@@ -60,9 +60,9 @@ export class Screen {
         assert.equal(await this.focused(), name);
     }
 
-    async hasText(name, text) {
+    async hasText(name, text, why = name) {
         await this.settled();
-        assert.equal(await this.field(name).inputValue(), text);
+        assert.equal(await this.field(name).inputValue(), text, why);
     }
 
     async says(name, text) {

@@ -4,6 +4,15 @@ import { test } from "./harness.mjs";
 import { startServer } from "./browser.mjs";
 import { Screen } from "./Screen.mjs";
 
+/** The same numbers for the same seed: from 0 to below the limit. */
+function numbers(seed) {
+    let state = seed;
+    return (limit) => {
+        state = (state * 1103515245 + 12345) % 2147483648;
+        return Math.floor((state / 2147483648) * limit);
+    };
+}
+
 test("a reload shows the same work", {}, async (screen, { page }) => {
     await screen.keyboard.type("123");
     await screen.press("Enter");
@@ -51,6 +60,42 @@ test("two browsers have sessions of their own", {}, async (screen, { page, line 
     await other.hasText("edtPedido", "222");
     await context.close();
 });
+
+test("what is typed while the line is cut is not lost", { screen: "fmLeitura" }, async (screen, { line }) => {
+    await screen.keyboard.type("789");
+    await screen.settled();
+    line.cut();
+    await screen.keyboard.type("12345");
+    await screen.press("Enter");
+    await screen.keyboard.type("42");
+    await screen.hasText("EdtBarra", "42");
+    await screen.hasCell("dbgLidos", 0, "Barra", "78912345");
+});
+
+for (const { delay, reads, ...how } of [
+    { delay: 0, reads: "on Enter", digits: 7, end: ["Enter"] },
+    { delay: 60, reads: "on Enter", digits: 7, end: ["Enter"] },
+    { delay: 60, reads: "at their last digit", digits: 13, begin: ["Alt+a", "Alt+b"] },
+]) {
+    test(`codes typed while the line is cut again and again are read ${reads}, with ${delay} ms of delay each way`,
+        { delay, screen: "fmLeitura" }, async (screen, { page, line }) => {
+            const seed = Number(process.env.SEED ?? Date.now() % 100000);
+            const random = numbers(seed);
+            const codes = Array.from({ length: 10 }, () => String(10 ** (how.digits - 1) + random(9 * 10 ** (how.digits - 1))));
+            await screen.press(...(how.begin ?? []));
+            for (const code of codes) {
+                for (const digit of code) {
+                    await screen.keyboard.type(digit);
+                    if (random(100) < 30) await page.waitForTimeout(random(40));
+                    if (random(100) < 4) line.cut();
+                }
+                await screen.press(...(how.end ?? []));
+                if (random(100) < 30) line.cut();
+            }
+            await screen.hasText("edtLidos", String(codes.length), `SEED=${seed}`);
+            for (const [row, code] of codes.entries()) await screen.hasCell("dbgLidos", row, "Barra", code);
+        });
+}
 
 test("a server that goes away and comes back begins a new session by itself", {}, async (_screen, { context }) => {
     const first = await startServer();

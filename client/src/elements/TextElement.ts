@@ -100,7 +100,7 @@ export abstract class TextElement extends ControlElement {
         if (!field || this.fixed || this.typedSpecially(text)) return;
         const characters = this.hearsKeys ? [...text] : [text];
         for (const typed of characters) {
-            field.setRangeText(typed, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
+            insert(field, typed);
             this.changed([...typed].length === 1 ? typed : "", { kind: "text", text: typed });
         }
     }
@@ -125,8 +125,12 @@ export abstract class TextElement extends ControlElement {
         if (!event.isComposing && event.data && this.typedSpecially(event.data)) event.preventDefault();
     }
 
+    override hasFocus(): boolean {
+        return document.activeElement === this.field;
+    }
+
     protected edited(event: InputEvent): void {
-        if (event.isComposing) return;
+        if (event.isComposing || inserting) return;
         const typed = event.data ?? (event.inputType.startsWith("insert") ? (event.dataTransfer?.getData("text") ?? "") : "");
         const action: Action[] = typed === "" ? deletion(event.inputType) : [{ kind: "text", text: typed }];
         this.changed([...typed].length === 1 ? typed : "", ...action);
@@ -147,6 +151,16 @@ export abstract class TextElement extends ControlElement {
         const heard = this.hearsKeys && key !== "" ? { key: key === " " ? "Space" : key } : {};
         session.send({ event: "text", ...this.address, text, ...heard }, ...actions);
     }
+}
+
+let inserting = false;
+
+/** In the place of what is marked, as the browser does it, so that it can be undone. */
+function insert(field: Field, text: string): void {
+    inserting = true;
+    const done = document.activeElement === field && document.execCommand("insertText", false, text);
+    inserting = false;
+    if (!done) field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
 }
 
 function deletion(inputType: string): Action[] {

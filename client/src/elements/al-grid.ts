@@ -89,6 +89,8 @@ export class GridElement extends TextElement {
     /** Where F2 opened the cell to change its text. */
     private openedAt = "";
     private shownRow = -1;
+    /** The current cell was brought into view, which may take until the rows are laid out. */
+    private revealed = false;
 
     override disconnectedCallback(): void {
         super.disconnectedCallback();
@@ -231,10 +233,10 @@ export class GridElement extends TextElement {
             onBodyScroll: () => this.placeEditor(),
             onColumnResized: () => this.placeEditor(),
             onColumnMoved: () => this.placeEditor(),
-            onModelUpdated: () => this.placeEditor(),
+            onModelUpdated: () => this.reveal(),
             onViewportChanged: () => {
                 this.askForRows();
-                this.placeEditor();
+                this.reveal();
             },
         });
         new ResizeObserver(() => this.placeEditor()).observe(host);
@@ -282,10 +284,19 @@ export class GridElement extends TextElement {
             const before = this.shownRow;
             this.shownRow = row;
             this.redraw([before, row]);
-            if (row >= 0 && row < this.control.rows.count) this.api?.ensureIndexVisible(row);
+            this.revealed = false;
         }
         const column = this.control.text("column");
         if (this.focusedByServer && column !== "" && this.api?.getColumn(column)) this.api.ensureColumnVisible(column);
+        this.reveal();
+    }
+
+    private reveal(): void {
+        const { api, shownRow } = this;
+        if (api && !this.revealed && shownRow >= 0 && shownRow < api.getDisplayedRowCount()) {
+            api.ensureIndexVisible(shownRow);
+            this.revealed = shownRow >= api.getFirstDisplayedRowIndex() && shownRow <= api.getLastDisplayedRowIndex();
+        }
         this.placeEditor();
     }
 
