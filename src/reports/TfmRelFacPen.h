@@ -63,7 +63,6 @@ public:
     TDateEdit EdtDataFin{linhaDatas, "EdtDataFin", {.caption = "até"}};
     TDateEdit DtEnvIni{linhaDatas, "DtEnvIni", {.caption = "Envio"}};
     TDateEdit DtEnvFim{linhaDatas, "DtEnvFim", {.caption = "até"}};
-    TDateEdit EdtDtBase{linhaDatas, "EdtDtBase", {.caption = "Dt. Base"}};
     TRow linhaPedido{gbDatas, "linhaPedido"};
     TRadioButton rbFaturamento{linhaPedido, "rbFaturamento", {.caption = "Pedido Faturamento", .checked = true}};
     TRadioButton rbEntrega{linhaPedido, "rbEntrega", {.caption = "Pedido Entrega"}};
@@ -134,6 +133,7 @@ public:
     TCheckBox cbSomarPecas{linhaOpcoes, "cbSomarPecas", {.caption = "Somar Peças"}};
     TCheckBox cbImagemProd{linhaOpcoes, "cbImagemProd", {.caption = "Trazer Imagens"}};
     TCheckBox CbPosicaoFaccao{linhaOpcoes, "CbPosicaoFaccao", {.caption = "Posição Facção"}};
+    TDateEdit EdtDtBase{linhaOpcoes, "EdtDtBase", {.caption = "Dt. Base"}};
     TCheckBox cbDiasUteis{linhaOpcoes, "cbDiasUteis", {.caption = "Dias úteis"}};
     TRow linhaDefeitos{gbOpcoes, "linhaDefeitos"};
     TCheckBox CbReproc{linhaDefeitos, "CbReproc", {.caption = "Buscar Defeitos", .checked = true}};

@@ -87,7 +87,7 @@ void TfmRelFacPen::AddColunasDoCadastro(TStatement& sql)
     if (EdtPedProg.empty())
         sql.Add(", CAST('' AS VARCHAR(1)) AS LISTA_PEDIDOS");
     else
-        sql.Add(R"(, (SELECT LIST[DISTINCT PED_PROG.NUMERO, ', ', PED_PROG.NUMERO] FROM {PEDIDO} PED_PROG
+        sql.Add(R"(, (SELECT LIST[DISTINCT PED_PROG.NUMERO, ', '] FROM {PEDIDO} PED_PROG
             WHERE PED_PROG.PROGRAMACAO = OF1.PROGRAMACAO AND OF1.PROGRAMACAO <> '') AS LISTA_PEDIDOS)");
 }
 
