@@ -4,6 +4,8 @@
 #include "master/TfmCadFluxo.h"
 #include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
+#include "reports/TfmRelFacDia.h"
+#include "reports/TfmRelFacPen.h"
 
 #include <memory>
 
@@ -25,6 +27,8 @@ void RegisterScreens(TApplication& application)
     Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
     Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
     Register<TfmFacMov>(application, "TfmFacMov");
+    Register<TfmRelFacDia>(application, "TfmRelFacDia");
+    Register<TfmRelFacPen>(application, "TfmRelFacPen");
 }
 
 } // namespace alinhavo

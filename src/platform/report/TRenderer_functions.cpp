@@ -133,6 +133,8 @@ void TRenderer::AddDataFunctions()
 {
     lua_.AddFunction("campo", [this](const TArguments& a) -> TReportValue {
         const auto name = TextOf(a, 0);
+        if (a.size() > 1)
+            return scope_.Cell(TextOf(a, 1), name);
         const auto value = scope_.Value(name);
         return value ? *value : TReportValue(scope_.Unknown(name, {}));
     });

@@ -89,7 +89,8 @@ TEST_F(TTemplates, the_fields_of_a_one_row_table_are_reached_by_its_name)
 TEST_F(TTemplates, a_field_can_be_named_by_an_expression)
 {
     TbRel.Add("00001", "000123", 7);
-    EXPECT_EQ(Html("% faixa TbRel\n% linha\n{{ campo('QUA' .. 'NT') }}\n% fim\n"), "7\n");
+    EXPECT_EQ(Html("% faixa TbRel\n% linha\n{{ campo('QUA' .. 'NT') }}\n% fim\n{{ campo('NUMERO', 'TbRel') }}\n"),
+        "7\n000123\n");
 }
 
 TEST_F(TTemplates, rows_of_another_table_are_looked_up_by_a_key)
