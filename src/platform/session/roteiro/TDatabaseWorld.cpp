@@ -2,6 +2,7 @@
 
 #include "platform/services/TUserSettings.h"
 #include "platform/session/roteiro/TPlayedSession.h"
+#include "platform/verification/TVerification.h"
 
 #include <stdexcept>
 #include <utility>
@@ -59,6 +60,18 @@ void TDatabaseWorld::Commit(const std::function<void()>& write)
 void TDatabaseWorld::Execute(const std::string& sql)
 {
     Commit([&] { database_->ExecText(sql); });
+}
+
+/// A remark is what the rules allow.
+std::vector<std::string> TDatabaseWorld::Violations()
+{
+    std::vector<std::string> errors;
+    for (const auto& violation : Verify(*database_)) {
+        if (violation.severity == TSeverity::Error)
+            errors.push_back(
+                "[" + std::string(violation.check) + "] " + std::string(violation.text) + ": " + violation.keys);
+    }
+    return errors;
 }
 
 void TDatabaseWorld::SetParameter(const TParameter& parameter)

@@ -26,6 +26,7 @@ public:
     void Begin(TFactory factory) override;
     void Execute(const std::string& sql) override;
     TTableData Query(const std::string& sql) override { return database_->OpenText(sql); }
+    std::vector<std::string> Violations() override;
     void SetParameter(const TParameter& parameter) override;
     void SetSetting(const TSetting& setting) override;
     void SetNow(TDateTime now) override;
