@@ -18,7 +18,8 @@ void PrintSummary(const TDemoSummary& summary, const TDatabaseAddress& address)
               << "  " << count(summary.products) << " produtos, " << count(summary.sectors) << " setores, "
               << count(summary.flows) << " fluxos, " << count(summary.subcontractors) << " facções\n"
               << "  " << count(summary.salesOrders) << " pedidos, " << count(summary.orders) << " OFs com "
-              << count(summary.pieces) << " peças, ainda sem movimento\n"
+              << count(summary.pieces) << " peças\n"
+              << "  " << count(summary.movements) << " movimentos de setor\n"
               << "Usuários, todos com a senha \"" << TDemoFactory::Password << "\":\n";
     for (const TDemoUser& user : TDemoFactory::Users())
         std::cout << "  " << user.name << std::string(8 - user.name.size(), ' ') << user.role << "\n";
@@ -30,6 +31,9 @@ TDemoSummary FillNewDatabase(const TDatabaseAddress& address, const TDemoOptions
     MigrateSchema(*database);
     TDemoFactory factory(*database, options.seed, options.today);
     factory.Fill();
+    factory.MakeHistory();
+    factory.Multiply(options.scale);
+    RefreshStatistics(*database);
     return factory.Summary();
 }
 
@@ -40,9 +44,11 @@ int Make(const TDemoOptions& options)
         std::cerr << "Já existe um banco de dados em " << address.Text() << ".\n";
         return 1;
     }
-    CreateDatabase(address);
+    // Until it is whole, the database may be lost as well as made anew.
+    CreateDatabase(address, {.forcedWrites = false});
     try {
         PrintSummary(FillNewDatabase(address, options), address);
+        ForceWrites(address);
     } catch (...) {
         DropDatabase(address);
         throw;

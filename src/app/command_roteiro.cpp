@@ -3,6 +3,7 @@
 #include "app/command_demo.h"
 #include "app/demo/TDemoFactory.h"
 #include "app/screens.h"
+#include "platform/database/schema.h"
 #include "platform/services/TEmptyDatabase.h"
 #include "platform/session/roteiro/TSuite.h"
 
@@ -16,7 +17,10 @@ namespace {
 void FillDemonstration(TSqlDatabase& database)
 {
     const TDemoOptions options;
-    TDemoFactory(database, options.seed, options.today).Fill();
+    TDemoFactory factory(database, options.seed, options.today);
+    factory.Fill();
+    factory.MakeHistory();
+    RefreshStatistics(database);
 }
 
 std::optional<TDatabaseAddress> Server(const std::string& database)

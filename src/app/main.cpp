@@ -32,6 +32,12 @@ int main(int argc, char** argv)
     CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
     demoCommand.add_option("--banco", demo.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
     demoCommand.add_option("--semente", demo.seed, "Número que decide o que é sorteado.")->capture_default_str();
+    constexpr int largestScale = 1000;
+    demoCommand
+        .add_option("--escala", demo.scale,
+            "Quantas vezes as OFs, para medir com volume: 100 passa de um milhão de movimentos.")
+        ->check(CLI::Range(1, largestScale))
+        ->capture_default_str();
     AddDay(demoCommand, "--hoje", demo.today, "Dia de que as datas são contadas, DD/MM/AAAA.");
 
     TRoteiroOptions roteiro;

@@ -3,6 +3,8 @@
 #include "forms/numbers.h"
 #include "movement/TfmFacMov.h"
 
+#include <optional>
+
 namespace alinhavo {
 
 bool TfmFacMov::ProdutoControlaEstoque()
@@ -72,6 +74,8 @@ void TfmFacMov::LancaEstoque()
     if (sLancaEstoque != "S" || !ProdutoControlaEstoque() || !UltimoSetorDoFluxo(EdtSetor.text()))
         return;
     TEstoque estoque(App().Host.stock);
+    std::optional<TCustosProduto> custos;
+    const TEventOff afterPost(TbTemp.AfterPost); // no quantity changes
     TbTemp.ForEach([&] {
         const std::int64_t boas = TbTemp.Quant.AsInteger();
         if (boas <= 0)
@@ -84,8 +88,11 @@ void TfmFacMov::LancaEstoque()
         estoque.Qualidade = edtQual.text();
         estoque.Saida = false;
         estoque.Quantidade = static_cast<double>(boas);
-        if (sParamFAC10 == "S")
-            estoque.Custo = Precos.PrecoProduto(edtOFNum.text(), TbTemp.Cor.value());
+        if (sParamFAC10 == "S") {
+            if (!custos)
+                custos = Precos.CustosProduto(edtOFNum.text());
+            estoque.Custo = custos->Preco(TbTemp.Cor.value());
+        }
         estoque.Documento = edtOFNum.text();
         estoque.Observacao.clear();
         estoque.TipoMovimento = EdtCodTip.text();

@@ -65,12 +65,30 @@ double TPrecos::PrecoFaccao(const TChavePreco& chave)
         chave.codigo, chave.setor, chave.parte});
 }
 
-double TPrecos::PrecoProduto(std::string_view numero, std::string_view cor)
+double TCustosProduto::Preco(std::string_view cor) const { return RoundTo(maoDeObra_ + Material(cor), 4); }
+
+double TCustosProduto::Material(std::string_view cor) const
+{
+    const auto own = materiais_.find(cor);
+    if (own != materiais_.end() && own->second > 0)
+        return own->second;
+    double total = 0;
+    std::size_t colours = 0;
+    for (auto other = materiais_.begin(); other != materiais_.end(); ++other) {
+        if (other == own)
+            continue;
+        total += other->second;
+        ++colours;
+    }
+    return colours == 0 ? 0 : total / static_cast<double>(colours);
+}
+
+TCustosProduto TPrecos::CustosProduto(std::string_view numero)
 {
     const double labour = MaoDeObra(numero);
     const double kept
         = labour - labour * tabela_.PercentualMaoDeObra1() / 100 - labour * tabela_.PercentualMaoDeObra2() / 100;
-    return RoundTo(kept + Material(numero, cor), 4);
+    return {kept, Materiais(numero)};
 }
 
 double TPrecos::Preco(const TStatement& statement)
@@ -88,20 +106,15 @@ double TPrecos::MaoDeObra(std::string_view numero)
     return rows.Column(0).Float(0);
 }
 
-// A colour without a sheet of its own takes the average of the others.
-double TPrecos::Material(std::string_view numero, std::string_view cor)
+std::map<std::string, double, std::less<>> TPrecos::Materiais(std::string_view numero)
 {
     const TTableData rows = tabela_.IBDatabase.Open({R"(
-        SELECT SUM(CASE WHEN COR = ? THEN CUSTO * CONSUMO END) AS CUSTO_UN,
-               SUM(CASE WHEN COR <> ? THEN CUSTO * CONSUMO END) AS CUSTO_MEDIO,
-               COUNT(DISTINCT CASE WHEN COR <> ? THEN COR END) AS QTDE_CORES
-          FROM {PCPFTOF} WHERE NUMERO = ?)",
-        cor, cor, cor, numero});
-    const double own = rows.Column(0).Float(0);
-    if (own > 0)
-        return own;
-    const double colours = rows.Column(2).Float(0);
-    return colours > 0 ? rows.Column(1).Float(0) / colours : 0;
+        SELECT COR, SUM(CUSTO * CONSUMO) AS CUSTO FROM {PCPFTOF} WHERE NUMERO = ? AND COR IS NOT NULL GROUP BY COR)",
+        numero});
+    std::map<std::string, double, std::less<>> materials;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row)
+        materials.emplace(rows.Column(0).Text(row), rows.Column(1).Float(row));
+    return materials;
 }
 
 } // namespace alinhavo

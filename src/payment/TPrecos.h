@@ -3,8 +3,11 @@
 #include "forms/TValue.h"
 #include "host/TTabela.h"
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace alinhavo {
 
@@ -26,6 +29,26 @@ struct TChavePreco {
     std::string faccao; ///< the subcontractor who does the work
 };
 
+/// What a piece of an order's product costs as it enters stock, for each colour, read once for all of them.
+class TCustosProduto {
+public:
+    TCustosProduto(double maoDeObra, std::map<std::string, double, std::less<>> materiais)
+        : maoDeObra_(maoDeObra)
+        , materiais_(std::move(materiais))
+    {
+    }
+
+    /// Labour plus material, rounded to four decimals.
+    double Preco(std::string_view cor) const;
+
+private:
+    /// A colour without a sheet of its own takes the average of the others.
+    double Material(std::string_view cor) const;
+
+    double maoDeObra_;
+    std::map<std::string, double, std::less<>> materiais_; ///< by colour
+};
+
 /// What a movement is worth and what a finished product cost.
 class TPrecos {
 public:
@@ -41,12 +64,13 @@ public:
 
     /// Unit cost of the product in that colour as it enters stock: labour of all sectors and parts of the order, less two
     /// percentages of the company, plus material; rounded to four decimals.
-    double PrecoProduto(std::string_view numero, std::string_view cor);
+    double PrecoProduto(std::string_view numero, std::string_view cor) { return CustosProduto(numero).Preco(cor); }
+    TCustosProduto CustosProduto(std::string_view numero);
 
 private:
     double Preco(const TStatement& statement);
     double MaoDeObra(std::string_view numero);
-    double Material(std::string_view numero, std::string_view cor);
+    std::map<std::string, double, std::less<>> Materiais(std::string_view numero);
 
     TTabela& tabela_;
 };

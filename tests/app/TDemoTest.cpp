@@ -14,20 +14,31 @@ public:
     TSqlDatabase& Of(TDatabaseServer server, std::uint64_t seed, TDateTime today, int copy)
     {
         auto& database = databases_[{server, seed, today.Days(), copy}];
-        if (database)
-            return *database;
-        const TDatabaseAddress address = FreshAddress(server);
-        CreateDatabase(address, {.forcedWrites = false});
-        addresses_.push_back(address);
-        database = OpenDatabase(address);
-        MigrateSchema(*database);
-        TDemoFactory(*database, seed, today).Fill();
+        if (!database) {
+            database = Empty(server);
+            TDemoFactory(*database, seed, today).Fill();
+        }
+        return *database;
+    }
+
+    TSqlDatabase& AtWork(TDatabaseServer server)
+    {
+        auto& database = atWork_[server];
+        if (!database) {
+            database = Empty(server);
+            TDemoFactory factory(*database, TDemoTest::Seed, TDemoTest::Today());
+            factory.Fill();
+            factory.MakeHistory();
+            factory.Multiply(2);
+            RefreshStatistics(*database);
+        }
         return *database;
     }
 
     void TearDown() override
     {
         databases_.clear();
+        atWork_.clear();
         // The folder of the files may be gone already.
         for (const TDatabaseAddress& address : addresses_) {
             if (DatabaseExists(address))
@@ -36,6 +47,17 @@ public:
     }
 
 private:
+    std::unique_ptr<TSqlDatabase> Empty(TDatabaseServer server)
+    {
+        const TDatabaseAddress address = FreshAddress(server);
+        CreateDatabase(address, {.forcedWrites = false});
+        addresses_.push_back(address);
+        auto database = OpenDatabase(address);
+        MigrateSchema(*database);
+        return database;
+    }
+
+    std::map<TDatabaseServer, std::unique_ptr<TSqlDatabase>> atWork_;
     std::map<std::tuple<TDatabaseServer, std::uint64_t, std::int64_t, int>, std::unique_ptr<TSqlDatabase>> databases_;
     std::vector<TDatabaseAddress> addresses_;
 };
@@ -64,6 +86,8 @@ TSqlDatabase& FilledDatabase(TDatabaseServer server, std::uint64_t seed, TDateTi
 {
     return filled.Of(server, seed, today, copy);
 }
+
+TSqlDatabase& FactoryAtWork(TDatabaseServer server) { return filled.AtWork(server); }
 
 std::map<std::string, std::uint64_t> Checksums(TSqlDatabase& database)
 {

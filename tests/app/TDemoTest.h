@@ -11,10 +11,11 @@ namespace alinhavo {
 
 /// Reads the demonstration factory on each server. It is made once for all tests, which leave it as it is.
 class TDemoTest : public testing::TestWithParam<TDatabaseServer> {
-protected:
+public:
     static constexpr std::uint64_t Seed = 1;
     static TDateTime Today() { return TDateTime::FromDate(2026, 11, 16); }
 
+protected:
     void SetUp() override;
 
     /// The first cell of a query, as a number.
@@ -27,6 +28,9 @@ protected:
 /// A database with the factory, made at the first call and dropped at the end of the program. Another `copy` is another
 /// database, made anew.
 TSqlDatabase& FilledDatabase(TDatabaseServer server, std::uint64_t seed, TDateTime today, int copy = 1);
+
+/// Likewise, with the history of the orders, and as many orders once more.
+TSqlDatabase& FactoryAtWork(TDatabaseServer server);
 
 /// Tells two tables apart: by table name, a sum over all rows in the order of the key. The passwords, whose salt is drawn
 /// anew each time, are left out.

@@ -2,7 +2,7 @@
 
 namespace alinhavo {
 
-TDemoFactory::TDemoFactory(TOrvDatabase& database, std::uint64_t seed, TDateTime today)
+TDemoFactory::TDemoFactory(TSqlDatabase& database, std::uint64_t seed, TDateTime today)
     : database_(database)
     , seed_(seed)
     , today_(today.Date())

@@ -3,9 +3,10 @@
 #include "app/demo/catalogue.h"
 #include "app/demo/TRandom.h"
 #include "forms/TDateTime.h"
-#include "host/TOrvDatabase.h"
+#include "platform/database/TSqlDatabase.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,17 +28,23 @@ struct TDemoSummary {
     int salesOrders = 0;
     int orders = 0;
     int pieces = 0; ///< of all orders
+    int movements = 0; ///< lines of all movements
 };
 
-/// Fills a fresh schema with a garment factory: its registers and its orders, none of them moved yet. The same seed and
-/// day give the same rows, on every server, the passwords' salt excepted.
+/// Fills a fresh schema with a garment factory: its registers, its orders, and how they moved. The same seed and day give the
+/// same rows, on every server, the passwords' salt excepted.
 class TDemoFactory {
 public:
     /// Dates are told from `today`, which must not be blank.
-    TDemoFactory(TOrvDatabase& database, std::uint64_t seed, TDateTime today);
+    TDemoFactory(TSqlDatabase& database, std::uint64_t seed, TDateTime today);
 
-    /// Writes everything and commits. Only once, into a schema without rows.
+    /// Writes the registers and the orders, none of them moved yet, and commits. Only once, into a schema without rows.
     void Fill();
+    /// Moves the orders through the factory up to today and commits. Once, after Fill.
+    void MakeHistory();
+    /// Has the factory that many times as many orders, with their history, over the two years before; commits. Once, after
+    /// MakeHistory. 1 does nothing.
+    void Multiply(int scale);
 
     const TDemoSummary& Summary() const { return summary_; }
     /// Everybody's password is `Password`.
@@ -73,12 +80,26 @@ private:
         std::string client;
         std::string_view type;
         bool urgent = false;
+        bool isCalledOff = false; ///< after it was made
         TDateTime start;
         TDateTime end;
         TDateTime delivery; ///< to the client or to stock
         int packs = 0; ///< times the usual weights of the sizes
         std::vector<std::string_view> colours;
         std::vector<TOrderItem> items;
+    };
+    /// Pieces of an order's part that move together.
+    struct TBatch {
+        const TOrder* order = nullptr;
+        std::string_view part;
+        const demo::TFlow* flow = nullptr;
+        std::string_view sector;
+        std::string number = {}; ///< none in the first sector
+        bool isMain = false; ///< the others leave the last sector with it
+        bool isOnlyPart = false;
+        bool isRest = false; ///< of a batch that has moved in part
+
+        bool IsLast() const { return sector == flow->sectors.back(); }
     };
     /// A line of a product's technical sheet.
     struct TSheetRow {
@@ -161,6 +182,17 @@ private:
     void FillUsers();
     void FillRights();
 
+    void EnterProduction(TRandom& random, const TOrder& order, std::multimap<TDateTime, TBatch>& due,
+        std::map<const TOrder*, int>& elsewhere);
+    void MoveBatch(TRandom& random, class TMovementClerk& clerk, TDateTime day, const TBatch& batch,
+        std::multimap<TDateTime, TBatch>& due, std::map<const TOrder*, int>& elsewhere);
+    std::string DestinationOf(TRandom& random, const TBatch& batch) const;
+    void CountOrders();
+    void StockCopies();
+    void NumberLinesFrom(std::int64_t key);
+    void CloseInventory(TDateTime day);
+    void DemandConsumptions(std::string_view flag);
+
     /// The sheet of all parts; the cost of a product and the materials of its orders both follow from it.
     static std::vector<TSheetRow> SheetOf(const demo::TModel& model);
     /// What the default price table pays at a sector.
@@ -180,7 +212,7 @@ private:
     static TDateTime NextWorkday(TDateTime day);
     static TDateTime AddWorkdays(TDateTime day, int count);
 
-    TOrvDatabase& database_;
+    TSqlDatabase& database_;
     std::uint64_t seed_;
     TDateTime today_;
     TDemoSummary summary_;

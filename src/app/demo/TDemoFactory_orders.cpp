@@ -81,6 +81,8 @@ void TDemoFactory::MakeOrders()
         }
         orders_.push_back(std::move(order));
     }
+    for (const std::size_t index : calledOff)
+        orders_[index].isCalledOff = true;
     summary_.salesOrders = salesOrder - firstSalesOrder;
 }
 
@@ -134,8 +136,7 @@ void TDemoFactory::FillSalesOrders()
     TTableWriter rows(database_, "PED_ITEN",
         "NUMERO,CODIGO,COR,TAM,QUANTIDADE,QTDE,QTDE_F,QTDE_CANC,PRECO,DESC_PACK,QTDE_PACK,QTDE_PACKS,OBSERVACAO");
     std::string_view previous;
-    for (std::size_t index = 0; index < orders_.size(); ++index) {
-        const TOrder& order = orders_[index];
+    for (const TOrder& order : orders_) {
         if (order.salesOrder.empty())
             continue;
         if (order.salesOrder != previous) {
@@ -148,11 +149,10 @@ void TDemoFactory::FillSalesOrders()
                     {order.salesOrder, order.delivery.AddDays(-4), "Inspeção do cliente na fábrica, nível II."});
         }
         previous = order.salesOrder;
-        const bool isCalledOff = std::ranges::find(calledOff, index) != calledOff.end();
         const demo::TSizeRange& range = demo::SizeRangeOf(order.product->model->range);
         for (const TOrderItem& item : order.items)
             rows.Row({order.salesOrder, order.product->model->code, item.colour, item.size, item.quantity,
-                isCalledOff ? 0 : item.quantity, 0, isCalledOff ? item.quantity : 0, order.product->price,
+                order.isCalledOff ? 0 : item.quantity, 0, order.isCalledOff ? item.quantity : 0, order.product->price,
                 "Pack sortido " + std::string(range.name), range.weights[item.position], order.packs,
                 order.urgent ? "Entrega antecipada" : ""});
     }

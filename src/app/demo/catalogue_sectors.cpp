@@ -37,7 +37,8 @@ constexpr auto sectors = std::to_array<TSector>({
 constexpr std::string_view basicKnit[] = {"01", "02", "05", "12", "13", "14"};
 constexpr std::string_view printedKnit[] = {"01", "02", "04", "05", "12", "13", "14"};
 constexpr std::string_view embroideredKnit[] = {"01", "02", "03", "05", "12", "13", "14"};
-constexpr std::string_view decoratedKnit[] = {"01", "02", "04", "03", "05", "12", "13", "14"};
+// Behind the free sectors of a free flow stands its last one: no other could be reached.
+constexpr std::string_view decoratedKnit[] = {"01", "04", "03", "14"};
 constexpr std::string_view woven[] = {"01", "02", "06", "09", "12", "13", "14"};
 constexpr std::string_view washedJeans[] = {"01", "02", "07", "09", "10", "12", "13", "14"};
 constexpr std::string_view dyedTwill[] = {"01", "02", "07", "11", "10", "12", "13", "14"};

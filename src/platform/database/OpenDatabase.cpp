@@ -40,6 +40,12 @@ void CreateDatabase(const TDatabaseAddress& address, const TDatabaseOptions& opt
     firebird::Create(address, options);
 }
 
+void ForceWrites(const TDatabaseAddress& address, const TDatabaseOptions& options)
+{
+    if (!IsPostgreSql(address))
+        firebird::ForceWrites(address, options);
+}
+
 bool DatabaseExists(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
     if (IsPostgreSql(address))

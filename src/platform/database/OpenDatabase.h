@@ -24,6 +24,8 @@ std::unique_ptr<TSqlDatabase> OpenDatabase(const TDatabaseAddress& address, cons
 
 /// An empty database, without tables; raises EDatabaseError when it exists.
 void CreateDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options = {});
+/// From now on a commit waits for the disk, also where it did not. Nobody may be connected.
+void ForceWrites(const TDatabaseAddress& address, const TDatabaseOptions& options = {});
 bool DatabaseExists(const TDatabaseAddress& address, const TDatabaseOptions& options = {});
 /// Nobody may be connected to it.
 void DropDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options = {});

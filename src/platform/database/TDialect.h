@@ -4,6 +4,7 @@
 #include "host/TTableDecl.h"
 #include "platform/database/TListAggregate.h"
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -59,6 +60,8 @@ public:
     virtual std::string ExistingColumns() const = 0;
     /// Column NAME: the keys, indexes and foreign keys that exist, as the server names them.
     virtual std::string ExistingConstraints() const = 0;
+    /// Statements that count anew what the server chooses access paths by; `constraints` are the names that exist.
+    virtual std::vector<std::string> StatisticsCommands(const std::set<std::string>& constraints) const = 0;
 
 protected:
     friend class TTranslator;
@@ -72,6 +75,8 @@ protected:
     virtual std::string_view StartingWith() const = 0;
     /// Follows each key of an ORDER BY.
     virtual std::string_view NullsOrder(bool descending) const = 0;
+    /// Follows a table's own number where what was filtered is ordered by it.
+    virtual std::string_view SortedKey() const = 0;
     /// The aggregate; `number` is its own among the lists of the statement.
     virtual std::string List(const TListAggregate& list, std::size_t number) const = 0;
 

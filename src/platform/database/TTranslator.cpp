@@ -105,7 +105,7 @@ TSqlKind TTranslator::Kind() const
         return TSqlKind::Read;
     if (IsAnyWord(word, {"INSERT", "UPDATE", "DELETE", "MERGE"}))
         return TSqlKind::Write;
-    if (IsAnyWord(word, {"CREATE", "ALTER", "DROP", "RECREATE", "COMMENT", "GRANT", "REVOKE"}))
+    if (IsAnyWord(word, {"CREATE", "ALTER", "DROP", "RECREATE", "COMMENT", "GRANT", "REVOKE", "SET", "ANALYZE"}))
         return TSqlKind::Definition;
     if (IsAnyWord(word, {"COMMIT", "ROLLBACK", "BEGIN", "START", "SAVEPOINT", "RELEASE"}))
         RaiseSyntax("a transaction is closed by CommitRetaining or RollbackRetaining");
@@ -163,6 +163,8 @@ void TTranslator::NoteWord(TTokens tokens, std::size_t index, std::string& text)
     const bool timestampHasDigits = next < tokens.size() && tokens[next].Is('(');
     auto& level = levels_.back();
 
+    if (word.IsWord("WHERE"))
+        level.filtered = true;
     if (IsAnyWord(word, {"SELECT", "FROM", "JOIN"}))
         level.clause = TClause::Selected;
     else if (IsAnyWord(word, {"WHERE", "HAVING", "GROUP", "ORDER", "ON"}))
@@ -189,6 +191,16 @@ void TTranslator::NoteWord(TTokens tokens, std::size_t index, std::string& text)
         text += CurrentTimestamp();
     else
         text += word.text;
+    if (word.IsWord("IDENTIFICADOR") && level.inOrder && level.filtered && !IsCutShort(tokens.subspan(index)))
+        text += dialect_.SortedKey();
+}
+
+/// Only the first rows are wanted.
+bool TTranslator::IsCutShort(TTokens rest)
+{
+    return std::ranges::any_of(rest, [](const TSqlToken& token) {
+        return IsAnyWord(token, {"FETCH", "LIMIT", "ROWS"});
+    });
 }
 
 void TTranslator::EndOrderKey(std::string& text)

@@ -24,6 +24,7 @@ private:
         bool inOrder = false; ///< in the keys of an ORDER BY
         bool descending = false; ///< of the key that is being read
         bool nullsGiven = false;
+        bool filtered = false; ///< a WHERE stands before
     };
 
     using TTokens = std::span<const TSqlToken>;
@@ -33,6 +34,7 @@ private:
     /// Writes the token at `index` and answers how many tokens it took.
     std::size_t Write(TTokens tokens, std::size_t index, std::string& text);
     void NoteWord(TTokens tokens, std::size_t index, std::string& text);
+    static bool IsCutShort(TTokens rest);
     void EndOrderKey(std::string& text);
     void EndOrder(std::string& text);
     std::string Value();

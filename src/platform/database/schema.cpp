@@ -39,12 +39,22 @@ std::string Joined(const std::vector<std::string>& parts)
     return joined;
 }
 
+TNames ExistingConstraints(TSqlDatabase& database)
+{
+    const auto rows = database.OpenText(database.Dialect().ExistingConstraints());
+    TNames names;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row)
+        names.insert(UpperName(rows.Column(0).Text(row)));
+    return names;
+}
+
 /// Creates what is declared and missing.
 class TSchemaBuilder {
 public:
     explicit TSchemaBuilder(TSqlDatabase& database)
         : database_(database)
         , dialect_(database.Dialect())
+        , constraints_(ExistingConstraints(database))
     {
         const auto columns = database_.OpenText(dialect_.ExistingColumns());
         for (std::size_t row = 0; row < columns.RowCount(); ++row) {
@@ -52,9 +62,6 @@ public:
             tables_.insert(table);
             columns_.insert(table + "." + UpperName(columns.Column(1).Text(row)));
         }
-        const auto constraints = database_.OpenText(dialect_.ExistingConstraints());
-        for (std::size_t row = 0; row < constraints.RowCount(); ++row)
-            constraints_.insert(UpperName(constraints.Column(0).Text(row)));
     }
 
     void CreateTables(std::span<const TTableDecl> tables)
@@ -152,6 +159,13 @@ void StoreVersion(TSqlDatabase& database, int version)
 }
 
 } // namespace
+
+void RefreshStatistics(TSqlDatabase& database)
+{
+    for (const auto& command : database.Dialect().StatisticsCommands(ExistingConstraints(database)))
+        database.ExecText(command);
+    database.CommitRetaining();
+}
 
 int SchemaVersion(TSqlDatabase& database)
 {

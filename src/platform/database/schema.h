@@ -16,4 +16,7 @@ int SchemaVersion(TSqlDatabase& database);
 /// in it.
 void MigrateSchema(TSqlDatabase& database);
 
+/// Has the server count anew what it chooses access paths by: after many rows have come. Nothing is pending before or after.
+void RefreshStatistics(TSqlDatabase& database);
+
 } // namespace alinhavo

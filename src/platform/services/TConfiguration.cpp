@@ -66,7 +66,7 @@ std::string TConfiguration::Value(std::string_view section, std::string_view key
 
 std::filesystem::path TConfiguration::SharedRoot() const
 {
-    return std::filesystem::absolute(folder_ / Value("Caminho", "path")).lexically_normal();
+    return std::filesystem::absolute("." / folder_ / Value("Caminho", "path")).lexically_normal();
 }
 
 } // namespace alinhavo

@@ -8,6 +8,15 @@
 namespace alinhavo {
 namespace {
 
+/// A blank part of the key may stand in the table as null or as an empty text; the others are found by the index.
+void AddKey(TStatement& sql, std::string_view column, std::string_view value)
+{
+    if (value.empty())
+        sql.Add(" AND COALESCE(?, '') = ''", TName(column));
+    else
+        sql.Add(" AND ? = ?", TName(column), value);
+}
+
 double Change(const TEstoque& posting) { return posting.Saida ? -posting.Quantidade : posting.Quantidade; }
 
 } // namespace
@@ -78,25 +87,25 @@ void TStock::CheckKnown(std::string_view table, std::string_view code, std::stri
         throw std::runtime_error(std::string(what) + " \"" + std::string(code) + "\" não cadastrado.");
 }
 
-// A blank part of the key may stand in the table as null or as an empty text.
 TValue TStock::ProductRow(const TEstoque& posting)
 {
-    return SingleValue(database_,
-        TStatement(R"(
-        SELECT MIN(IDENTIFICADOR) FROM {PA_ITEN}
-         WHERE CODIGO = ? AND COALESCE(COR, '') = ? AND COALESCE(TAM, '') = ? AND COALESCE(TIPO, '') = ?
-           AND COALESCE(DEPOSITO, '') = ? AND COALESCE(LOTE, '') = ?)",
-            posting.Codigo, posting.Cor, posting.Tam, posting.Qualidade, posting.Deposito, posting.Lote));
+    TStatement sql("SELECT MIN(IDENTIFICADOR) FROM {PA_ITEN} WHERE CODIGO = ?", posting.Codigo);
+    AddKey(sql, "COR", posting.Cor);
+    AddKey(sql, "TAM", posting.Tam);
+    AddKey(sql, "DEPOSITO", posting.Deposito);
+    AddKey(sql, "LOTE", posting.Lote);
+    AddKey(sql, "TIPO", posting.Qualidade);
+    return SingleValue(database_, sql);
 }
 
 TValue TStock::MaterialRow(const TEstoque& posting)
 {
-    return SingleValue(database_,
-        TStatement(R"(
-        SELECT MIN(IDENTIFICADOR) FROM {MAT_ITEN}
-         WHERE CODIGO = ? AND COALESCE(COR, '') = ? AND COALESCE(DEPOSITO, '') = ? AND COALESCE(LOTE, '') = ?
-           AND COALESCE(QUALIDADE, '') = ?)",
-            posting.Codigo, posting.Cor, posting.Deposito, posting.Lote, posting.Qualidade));
+    TStatement sql("SELECT MIN(IDENTIFICADOR) FROM {MAT_ITEN} WHERE CODIGO = ?", posting.Codigo);
+    AddKey(sql, "COR", posting.Cor);
+    AddKey(sql, "DEPOSITO", posting.Deposito);
+    AddKey(sql, "LOTE", posting.Lote);
+    AddKey(sql, "QUALIDADE", posting.Qualidade);
+    return SingleValue(database_, sql);
 }
 
 void TStock::WriteHistory(const TName& table, const TEstoque& posting)

@@ -39,7 +39,8 @@ std::vector<TInvariant> LinesAgainstHistory()
                     AND EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
         // A position of the first sector and one of a reprocess can be deleted after they were moved. So can one that only
-        // losses have left: the reversal of a movement whose number tells no position takes one with as many pieces.
+        // losses have left: the reversal of a movement whose number tells no position takes one with as many pieces. The
+        // innermost condition names the position, so that only movements without one are compared with the others of their order.
         {"historico_de_posicao_excluida", Remark, "A posição de que o movimento saiu foi excluída", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
@@ -47,7 +48,7 @@ std::vector<TInvariant> LinesAgainstHistory()
              WHERE H.ID_ANT > 0 AND F.IDENTIFICADOR IS NULL
                AND (COALESCE(H.REPROCESSO, '') <> ''
                     OR NOT EXISTS (SELECT 1 FROM {FACCAO3} E
-                                    WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
+                                    WHERE F.IDENTIFICADOR IS NULL AND E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
                                       AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
                                       AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
                                       AND E.IDENTIFICADOR < H.IDENTIFICADOR)

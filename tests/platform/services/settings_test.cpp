@@ -124,5 +124,10 @@ TEST(TConfiguration, AMissingFileLeavesTheDefaults)
     EXPECT_EQ(configuration.SharedRoot(), std::filesystem::path("/nao/existe/"));
 }
 
+TEST(TConfiguration, WithoutAFileTheSharedRootIsTheCurrentFolder)
+{
+    EXPECT_EQ(TConfiguration().SharedRoot(), std::filesystem::current_path() / "");
+}
+
 } // namespace
 } // namespace alinhavo

@@ -113,6 +113,17 @@ void Create(const TDatabaseAddress& address, const TDatabaseOptions& options)
     static_cast<void>(transaction.release());
 }
 
+void ForceWrites(const TDatabaseAddress& address, const TDatabaseOptions& options)
+{
+    TParameters parameters(address, options);
+    parameters.Add(isc_dpb_force_write, 1);
+    TStatus status;
+    const TAttachmentPtr attachment(Master().getDispatcher()->attachDatabase(
+        &status, Place(address).c_str(), parameters.Length(), parameters.Buffer()));
+    if (status.Failed())
+        RaiseNotOpened(address);
+}
+
 bool Exists(const TDatabaseAddress& address, const TDatabaseOptions& options)
 {
     if (address.IsEmbedded())

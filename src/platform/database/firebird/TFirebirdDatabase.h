@@ -59,6 +59,7 @@ private:
 TAttachmentPtr Attach(const TDatabaseAddress& address, const TDatabaseOptions& options);
 /// Creates an empty database of the system's page size, character set and order of text.
 void Create(const TDatabaseAddress& address, const TDatabaseOptions& options);
+void ForceWrites(const TDatabaseAddress& address, const TDatabaseOptions& options);
 bool Exists(const TDatabaseAddress& address, const TDatabaseOptions& options);
 void Drop(const TDatabaseAddress& address, const TDatabaseOptions& options);
 

@@ -92,6 +92,14 @@ std::string TFirebirdDialect::ExistingConstraints() const
     return "SELECT RDB$INDEX_NAME AS NAME FROM RDB$INDICES WHERE RDB$SYSTEM_FLAG = 0";
 }
 
+std::vector<std::string> TFirebirdDialect::StatisticsCommands(const std::set<std::string>& constraints) const
+{
+    std::vector<std::string> commands;
+    for (const auto& name : constraints)
+        commands.push_back("SET STATISTICS INDEX " + name);
+    return commands;
+}
+
 std::string TFirebirdDialect::CompanyTable(std::string_view table) const { return UpperName(table) + CompanyEnding(); }
 std::string TFirebirdDialect::GlobalTable(std::string_view table) const { return UpperName(table); }
 std::string TFirebirdDialect::Placeholder(std::size_t) const { return "?"; }

@@ -16,6 +16,7 @@ public:
     std::string LocalConstraint(const TTableDecl& table, std::string_view constraint) const override;
     std::string ExistingColumns() const override;
     std::string ExistingConstraints() const override;
+    std::vector<std::string> StatisticsCommands(const std::set<std::string>& constraints) const override;
 
 protected:
     std::string CompanyTable(std::string_view table) const override;
@@ -25,6 +26,8 @@ protected:
     std::string Now() const override;
     std::string_view StartingWith() const override;
     std::string_view NullsOrder(bool descending) const override;
+    /// The engine would walk through the whole index of the key, and look each row up in what the filter found.
+    std::string_view SortedKey() const override { return " + 0"; }
     std::string List(const TListAggregate& list, std::size_t number) const override;
 
 private:

@@ -107,6 +107,11 @@ std::string TPostgreSqlDialect::ExistingConstraints() const
         + std::string(GlobalSchema) + "', '" + Schema() + "')";
 }
 
+std::vector<std::string> TPostgreSqlDialect::StatisticsCommands(const std::set<std::string>&) const
+{
+    return {"ANALYZE"};
+}
+
 std::string TPostgreSqlDialect::Schema() const { return "emp" + LowerName(Company()); }
 
 std::string TPostgreSqlDialect::CompanyTable(std::string_view table) const { return Schema() + "." + LowerName(table); }

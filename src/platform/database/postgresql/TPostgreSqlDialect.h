@@ -16,6 +16,7 @@ public:
     std::vector<std::string> Preparations() const override;
     std::string ExistingColumns() const override;
     std::string ExistingConstraints() const override;
+    std::vector<std::string> StatisticsCommands(const std::set<std::string>& constraints) const override;
 
     /// The company's schema.
     std::string Schema() const;
@@ -28,6 +29,7 @@ protected:
     std::string Now() const override;
     std::string_view StartingWith() const override;
     std::string_view NullsOrder(bool descending) const override;
+    std::string_view SortedKey() const override { return {}; }
     std::string List(const TListAggregate& list, std::size_t number) const override;
 };
 
