@@ -6,20 +6,82 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <map>
+#include <mutex>
 
 namespace {
 
 using namespace alinhavo;
 
-std::unique_ptr<TApplication> MakeApplication(IEventSource& source, IView& view)
+template <typename TScreen>
+std::unique_ptr<TForm> Make(TApplication& application)
 {
-    auto application = std::make_unique<TApplication>(source, &view);
-    application->RegisterForm("TfmExemplo", [](TApplication& app) { return std::make_unique<TfmExemplo>(app); });
-    application->RegisterForm("TfmLeitura", [](TApplication& app) { return std::make_unique<TfmLeitura>(app); });
-    application->LoadForm("TfmLeitura").Show();
-    application->LoadForm("TfmExemplo").Show();
-    return application;
+    return std::make_unique<TScreen>(application);
 }
+
+/// The example screens, both open from the beginning.
+class TExampleWorkplace final : public IWorkplace {
+public:
+    TExampleWorkplace(IEventSource& source, IView& view)
+        : application_(source, &view)
+    {
+        application_.RegisterForm("TfmExemplo", Make<TfmExemplo>);
+        application_.RegisterForm("TfmLeitura", Make<TfmLeitura>);
+        application_.LoadForm("TfmLeitura").Show();
+        application_.LoadForm("TfmExemplo").Show();
+    }
+
+    TApplication& Application() override { return application_; }
+    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
+    TDateTime PendingSince() const override { return {}; }
+    void Cancel() override { }
+
+private:
+    TApplication application_;
+    std::vector<TMenuEntry> menu_ = {
+        {"Exemplos", "Tingimento de Botões", "TfmExemplo"}, {"Exemplos", "Leitura de Código de Barras", "TfmLeitura"}};
+};
+
+/// Anybody comes in with the password "demo".
+class TExampleHost final : public ISessionHost {
+public:
+    std::optional<TSessionUser> LogIn(std::string_view name, std::string_view password) override
+    {
+        if (password != "demo")
+            return std::nullopt;
+        return TSessionUser{std::string(name), std::string(name)};
+    }
+    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    {
+        return std::make_unique<TExampleWorkplace>(source, view);
+    }
+    TClientSettings Settings(const TSessionUser& user) override
+    {
+        const std::lock_guard lock(mutex_);
+        return settings_[user.code];
+    }
+    void WriteSettings(const TSessionUser& user, const TClientSettings& settings) override
+    {
+        const std::lock_guard lock(mutex_);
+        for (const auto& [name, value] : settings)
+            settings_[user.code][name] = value;
+    }
+    void LeaveNotice(const TSessionUser& user, std::string_view text) override
+    {
+        const std::lock_guard lock(mutex_);
+        notices_[user.code] = text;
+    }
+    std::string TakeNotice(const TSessionUser& user) override
+    {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(notices_[user.code], {});
+    }
+
+private:
+    std::mutex mutex_;
+    std::map<std::string, TClientSettings> settings_;
+    std::map<std::string, std::string> notices_;
+};
 
 } // namespace
 
@@ -30,10 +92,11 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     try {
-        alinhavo::TWebOptions options;
+        TWebOptions options;
         options.clientFolder = argv[1];
         options.port = argc > 2 ? static_cast<std::uint16_t>(std::atoi(argv[2])) : 8080;
-        alinhavo::TWebServer server(options, MakeApplication);
+        TExampleHost host;
+        TWebServer server(options, host);
         std::cout << "http://127.0.0.1:" << server.Port() << '/' << std::endl;
         for (std::string line; std::getline(std::cin, line);) { }
         return EXIT_SUCCESS;
