@@ -187,8 +187,9 @@ void TWebApi::GiveSettings(const TCall& call)
 
 void TWebApi::TakeSettings(const TCall& call)
 {
+    const auto body = BodyOf(call.request);
     TClientSettings settings;
-    for (const auto& [name, value] : BodyOf(call.request).items()) {
+    for (const auto& [name, value] : body.items()) {
         const auto text = value.is_null() ? std::string() : value.dump();
         if (name.empty() || name.size() > ISessionHost::MaxSettingName || text.size() > ISessionHost::MaxSetting)
             return call.Refuse(http::status::bad_request, "A preferência é grande demais.");
