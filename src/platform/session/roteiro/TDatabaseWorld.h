@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/services/TConfiguration.h"
+#include "platform/services/TPreferences.h"
 #include "platform/services/TTrustedPasswords.h"
 #include "platform/session/roteiro/IWorld.h"
 #include "platform/session/roteiro/TDatabaseCopies.h"
@@ -50,6 +51,7 @@ private:
     TDateTime now_;
     std::optional<TDatabaseAddress> address_;
     std::unique_ptr<TSqlDatabase> database_;
+    std::unique_ptr<TPreferences> preferences_;
 };
 
 } // namespace alinhavo::roteiro
