@@ -86,16 +86,17 @@ void Fill(TSqlDatabase& database, int lines)
 /// A session over the database, and the longest statement that it sends.
 class TBench {
 public:
-    TBench(const char* server, TSqlDatabase& database, TSqlDatabase& preferences, int lines)
+    TBench(const char* server, TSqlDatabase& database, int lines)
         : server_(server)
         , database_(database)
         , lines_(lines)
+        , preferences_(database)
         , reports_({.layouts = {ALINHAVO_LAYOUTS},
               .sharedRoot = {},
               .show = [this](const TFinishedReport& report, TForm&) { document_ = report.document; }})
         , session_(nobody_, nullptr,
               {.database = database,
-                  .preferences = preferences,
+                  .preferences = preferences_,
                   .configuration = configuration_,
                   .user = {"ADMIN", "ADMIN"},
                   .company = "01",
@@ -167,6 +168,7 @@ private:
     const char* server_;
     TSqlDatabase& database_;
     int lines_;
+    TPreferences preferences_;
     TNobody nobody_;
     TConfiguration configuration_;
     TTrustedPasswords passwords_;
@@ -183,8 +185,7 @@ void Measure(const char* server, const TDatabaseAddress& address, int lines)
         const auto database = OpenDatabase(address);
         MigrateSchema(*database);
         Fill(*database, lines);
-        const auto preferences = OpenDatabase(address);
-        TBench(server, *database, *preferences, lines).Run();
+        TBench(server, *database, lines).Run();
     }
     DropDatabase(address);
 }
