@@ -9,7 +9,7 @@ const factory = { factory: true, user: "ANA", screen: "fmFacMov" };
 test("an order leaves cutting and stands in the next sector, by keyboard alone", factory, async (screen) => {
     const movement = new Movement(screen);
     await movement.open();
-    await movement.include("026004", { enters: true });
+    await movement.include("026225", { enters: true });
     await movement.toQuantities("01");
     await screen.keyboard.type("3");
     await screen.press("Enter");
@@ -17,7 +17,7 @@ test("an order leaves cutting and stands in the next sector, by keyboard alone",
     const leaving = await movement.amounts("Quant");
     assert.equal(leaving[0], "3");
     await movement.confirm();
-    await movement.include("026004", { enters: false });
+    await movement.include("026225", { enters: false });
     await screen.hasFocus("EdtSetor");
     await movement.toQuantities("02");
     assert.deepEqual(await movement.amounts("Qt_Orig"), leaving);
@@ -25,7 +25,7 @@ test("an order leaves cutting and stands in the next sector, by keyboard alone",
     await screen.settled();
 });
 
-for (const { delay, order } of [{ delay: 0, order: "026003" }, { delay: 50, order: "026005" }, { delay: 200, order: "026002" }]) {
+for (const { delay, order } of [{ delay: 0, order: "026226" }, { delay: 50, order: "026227" }, { delay: 200, order: "026231" }]) {
     test(`quantities typed ahead stand where they belong, with ${delay} ms of delay each way`, { ...factory, delay }, async (screen) => {
         const movement = new Movement(screen);
         await movement.open();
@@ -46,12 +46,12 @@ test("a reload in the middle of a header and of a question changes nothing", fac
     const movement = new Movement(screen);
     await movement.open();
     await screen.press("Alt+i");
-    await screen.keyboard.type("026006");
+    await screen.keyboard.type("026224");
     await screen.press("Enter");
     await screen.hasFocus("CbParte");
     await page.reload();
     await screen.settled();
-    await screen.hasText("edtOFNum", "026006");
+    await screen.hasText("edtOFNum", "026224");
     await screen.hasFocus("CbParte");
     await screen.press("Enter");
     const asked = await movement.question();
@@ -72,7 +72,7 @@ test("two users move two orders at once", factory, async (screen, { browser, lin
     await other.settled();
     const [ana, maria] = [new Movement(screen), new Movement(other)];
     await Promise.all([ana.open(), maria.open()]);
-    await Promise.all([ana.include("026010", { enters: true }), maria.include("026011", { enters: true })]);
+    await Promise.all([ana.include("026233", { enters: true }), maria.include("026241", { enters: true })]);
     await Promise.all([ana.toQuantities("01"), maria.toQuantities("01")]);
     await Promise.all([ana.confirm(), maria.confirm()]);
     await elsewhere.close();
@@ -82,7 +82,7 @@ for (const colorScheme of ["light", "dark"]) {
     test(`pictures of the factory, ${colorScheme}`, { ...factory, colorScheme, size: { width: 1440, height: 960 } }, async (screen) => {
         const movement = new Movement(screen);
         await movement.open();
-        await movement.include(colorScheme === "light" ? "026014" : "026015", { enters: true });
+        await movement.include(colorScheme === "light" ? "026237" : "026243", { enters: true });
         await screen.press("F4");
         await screen.settled();
         await screen.picture(`setores-${colorScheme}`);

@@ -11,7 +11,7 @@ test("a program moves an order by the names of screen and controls", { factory: 
     await client.open("TfmFacMov");
     assert.equal(client.property(form, "btn00Incluir", "visible"), true);
     await client.click(form, "btn00Incluir");
-    await client.fill(form, "edtOFNum", "026016");
+    await client.fill(form, "edtOFNum", "026244");
     await client.key(form, "CbParte", "Enter");
     assert.match(client.dialogs.at(-1).text, /não está lançada na Facção/);
     assert.equal(client.dialogs.at(-1).default, "no");
@@ -35,7 +35,7 @@ test("a program moves an order by the names of screen and controls", { factory: 
 test("what no person could do is refused with its reason", { factory: true, user: "MARIA", screen: null }, async (_screen, { server }) => {
     const client = await connect(server.url, "MARIA", "demo");
     await client.open("TfmFacMov");
-    await assert.rejects(client.do({ event: "text", form, control: "edtOFNum", text: "026017" }), /edtOFNum/);
+    await assert.rejects(client.do({ event: "text", form, control: "edtOFNum", text: "026249" }), /edtOFNum/);
     await assert.rejects(client.do({ event: "click", form, control: "btnNaoExiste" }), /btnNaoExiste/);
     await assert.rejects(connect(server.url, "MARIA", "errada"), /inválid/);
     client.close();
