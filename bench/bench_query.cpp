@@ -1,10 +1,12 @@
 // The query layer beside the bare drivers on the same statements: prepared once, values bound, each value of the result read.
 // Prints one line a measurement: how many times as long the query layer takes, and both times. The pairs alternate, and the
-// medians count. PostgreSQL is measured when ALINHAVO_TEST_POSTGRESQL names a server's superuser.
+// medians count. Then the look-ups that screens make most, by their number a second. PostgreSQL is measured when ALINHAVO_TEST_POSTGRESQL names a server's superuser.
 
 #include "platform/database/firebird/TFirebirdDatabase.h"
 #include "platform/database/OpenDatabase.h"
 #include "platform/database/schema.h"
+#include "platform/services/THashedPasswords.h"
+#include "platform/services/TSessionServices.h"
 
 #include <algorithm>
 #include <array>
@@ -114,6 +116,38 @@ void LayerWrites(TSqlDatabase& db, int from, int to)
         db.ExecSQL({"INSERT INTO {FLUXO} (CODIGO, ORDEM, SETOR) VALUES (?, ?, ?)", "001", i, "010"});
     if (to == Writes)
         db.RollbackRetaining();
+}
+
+/// `Existe` and `Busca_Valor` as a screen calls them, texts of columns and values included.
+void MeasureFunctions(const char* server, TSqlDatabase& db, TSqlDatabase& preferences)
+{
+    const auto configuration = TConfiguration();
+    const THashedPasswords passwords;
+    TSessionServices services({
+        .database = db,
+        .preferences = preferences,
+        .configuration = configuration,
+        .user = {.code = "001", .name = "ANA"},
+        .company = "01",
+        .passwords = passwords,
+        .openDatabase = {},
+    });
+    auto& functions = services.Functions();
+    const auto measure = [&](const char* name, const std::function<void(int)>& call) {
+        std::vector<double> times;
+        for (int round = 0; round < Rounds; ++round)
+            times.push_back(Milliseconds([&] {
+                for (int i = 0; i < LookUps; ++i)
+                    call(i);
+            }));
+        std::printf("%9.0f a second  %s: %s\n", LookUps / Median(times) * 1000, server, name);
+        std::fflush(stdout);
+    };
+    measure("Existe", [&](int i) { sink += functions.Existe("CADCOR", "COR", Aspas(Colour(i))); });
+    measure("Busca_Valor", [&](int i) {
+        sink += static_cast<double>(
+            functions.Busca_Valor("CADCOR", "COR", "DESCRICAO", Aspas(Colour(i))).AsString().size());
+    });
 }
 
 /// The Firebird client used directly.
@@ -287,6 +321,7 @@ void MeasureFirebird()
         Compare(
             "Firebird: 200,000 rows of 8 columns", 1.15, 1, 1, [&](int, int) { LayerFetch(*db); },
             [&](int, int) { bare.Fetch(); });
+        MeasureFunctions("Firebird", *db, *OpenDatabase(address));
     }
     DropDatabase(address);
 }
@@ -309,6 +344,7 @@ void MeasurePostgreSql(const std::string& uri)
         Compare(
             "PostgreSQL: 6,000 writes while work is pending", 1.25, Writes, SliceOfWrites,
             [&](int from, int to) { LayerWrites(*db, from, to); }, [&](int from, int to) { bare.Writes(from, to); });
+        MeasureFunctions("PostgreSQL", *db, *OpenDatabase(address));
     }
     DropDatabase(address);
 }

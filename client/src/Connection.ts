@@ -18,6 +18,8 @@ export interface ConnectionListener {
     /** These were not carried out and have to be done again, where the focus now is. */
     takenBack(actions: readonly Action[]): void;
     lineChanged(connected: boolean): void;
+    /** No connection came about: the login may be gone. */
+    refused(): void;
 }
 
 const firstRetry = 250;
@@ -33,7 +35,8 @@ const isQuestion = (message: UserEvent) => message.event === "rows" || message.e
  */
 export class Connection {
     private socket: WebSocket | null = null;
-    private session = "";
+    /** Its public name; another place of work has another one. */
+    session = "";
     private last = 0;
     private turn = 0;
     private sent: Sent[] = [];
@@ -45,13 +48,14 @@ export class Connection {
 
     constructor(private readonly listener: ConnectionListener) {}
 
-    open(): void {
+    /** `wanted`: a session of the same user by its name, "nova" for another one, empty for the one he had last. */
+    open(wanted = this.session): void {
         this.over = false;
-        const url = new URL("/sessao", location.href);
+        const url = new URL(`/sessao?id=${encodeURIComponent(wanted)}`, location.href);
         url.protocol = url.protocol.replace("http", "ws");
         this.socket = new WebSocket(url);
         this.socket.addEventListener("message", (event) => this.receive(JSON.parse(String(event.data)) as ServerMessage));
-        this.socket.addEventListener("close", () => this.closed());
+        this.socket.addEventListener("close", () => this.closed(wanted));
     }
 
     /** An answer is under way that may move the focus. */
@@ -76,19 +80,29 @@ export class Connection {
         if (this.ready) this.socket?.send(JSON.stringify(message));
     }
 
+    /** Not one of the messages in their order: the session may be at work for long. */
+    cancel(): void {
+        if (this.ready) this.socket?.send(JSON.stringify({ cancel: true }));
+    }
+
+    /** No more attempts. */
+    giveUp(): void {
+        this.over = true;
+    }
+
     private receive(message: ServerMessage): void {
-        if (message.session !== undefined) this.begin(message.session, message.done ?? 0);
+        if (message.session !== undefined) this.begin(message.session, message);
         if (message.replaced || message.ended !== undefined) this.over = true;
         if (message.done !== undefined) this.answered(message);
         if (message.session !== undefined) this.takeBackUnsent();
         this.listener.received(message);
     }
 
-    private begin(session: string, done: number): void {
+    private begin(session: string, { done = 0, passed = [] }: ServerMessage): void {
         this.retry = firstRetry;
         this.ready = true;
         this.listener.lineChanged(true);
-        this.unsent = session === this.session ? this.sent.filter(({ message }) => message.n > done) : [];
+        this.unsent = session === this.session ? this.sent.filter(({ message: { n } }) => n > done || passed.includes(n)) : [];
         this.sent = [];
         this.session = session;
         this.last = done;
@@ -104,7 +118,7 @@ export class Connection {
         this.listener.takenBack(back.flatMap(({ actions }) => actions));
     }
 
-    /** After a cut line: what the server did not get is done again, on what the server now shows. */
+    /** After a cut line: what the server did not get, or passed over, is done again, on what the server now shows. */
     private takeBackUnsent(): void {
         const actions = this.unsent.flatMap((sent) => this.actionsOf(sent));
         this.unsent = [];
@@ -117,12 +131,14 @@ export class Connection {
         return [{ kind: "event", event }];
     }
 
-    private closed(): void {
+    private closed(wanted: string): void {
+        const refused = !this.ready;
         this.socket = null;
         this.ready = false;
         if (this.over) return;
         this.listener.lineChanged(false);
-        setTimeout(() => this.open(), this.retry);
+        if (refused) this.listener.refused();
+        setTimeout(() => !this.over && this.open(this.session || wanted), this.retry);
         this.retry = Math.min(this.retry * 2, lastRetry);
     }
 }

@@ -27,6 +27,8 @@ interface Surroundings {
     /** Something was held back, or all of it was done. */
     heldChanged(): void;
     receiver(): Receiver | null;
+    /** A key of the window itself: true when it was done. */
+    ownKey(key: string): boolean;
     /** Another text when the focus is elsewhere. */
     place(): string;
 }
@@ -44,13 +46,15 @@ const afterRendering = () =>
 
 /**
  * Brings what the user does at the keyboard and with the mouse to what has the focus. While an answer is under way that may move the
- * focus, it holds everything back, in its order, and afterwards does it where the focus then is. What is typed meanwhile goes
- * into a field of its own that nobody sees, so that the browser composes accented letters and pastes as it always does.
+ * focus, it holds everything back, in its order, and afterwards does it where the focus then is. What the browser composes or pastes
+ * meanwhile goes into a field of its own that nobody sees.
  */
 export class Keyboard {
     private held: Action[] = [];
     private replaying = false;
     private composing = false;
+    /** The key before was the first half of an accented letter: the browser types what becomes of it. */
+    private accent = false;
     private place = "";
     private readonly catcher = document.createElement("input");
 
@@ -64,6 +68,7 @@ export class Keyboard {
         document.body.append(this.catcher);
         this.catcher.addEventListener("input", () => this.caught());
         this.catcher.addEventListener("compositionend", () => this.caught());
+        this.catcher.addEventListener("paste", (event) => this.pasted(event));
         document.addEventListener("compositionstart", () => (this.composing = true), true);
         document.addEventListener("compositionend", () => this.composed(), true);
         document.addEventListener("keydown", (event) => this.keyDown(event), true);
@@ -81,6 +86,13 @@ export class Keyboard {
         this.held.unshift(...actions);
     }
 
+    /** To be done after what is held. */
+    append(actions: readonly Action[]): void {
+        this.held.push(...actions);
+        this.settle();
+        this.surroundings.heldChanged();
+    }
+
     /** Something is held back. */
     get holding(): boolean {
         return this.replaying || this.held.length > 0 || this.mustWait;
@@ -92,34 +104,48 @@ export class Keyboard {
 
     private keyDown(event: KeyboardEvent): void {
         if (event.isComposing || event.metaKey) return;
-        if (!this.holding) return this.pass(event);
-        this.hold(event);
+        const key = keyName(event);
+        const accented = this.accent && key !== null;
+        this.accent = event.key === "Dead" || (this.accent && key === null);
+        if (!this.holding) return this.pass(event, key, accented);
+        this.hold(event, key, accented);
         this.surroundings.heldChanged();
     }
 
-    private hold(event: KeyboardEvent): void {
-        const key = keyName(event);
-        if (event.key === "Dead" || (key !== null && (typedText(key) !== null || isPaste(key)))) {
+    private hold(event: KeyboardEvent, key: string | null, accented: boolean): void {
+        const typed = key === null ? null : typedText(key);
+        if (event.key === "Dead" || (key !== null && (isPaste(key) || (accented && typed !== null)))) {
             this.catcher.focus({ preventScroll: true });
         } else if (key !== null) {
             event.preventDefault();
-            this.held.push({ kind: "key", key });
+            this.held.push(typed === null ? { kind: "key", key } : { kind: "text", text: typed });
         }
     }
 
-    private pass(event: KeyboardEvent): void {
+    /** A letter is typed here and now: the browser would type it a moment later, when an answer may have come in between. */
+    private pass(event: KeyboardEvent, key: string | null, accented: boolean): void {
         const receiver = this.surroundings.receiver();
         if (receiver && !receiver.hasFocus()) receiver.refocus();
-        const key = keyName(event);
-        if (key === null || isBrowsers(key) || receiver?.keeps(key)) return;
+        if (key === null || isBrowsers(key)) return;
+        const kept = receiver?.keeps(key) === true;
+        const typed = kept && !accented ? typedText(key) : null;
+        if (kept && typed === null) return;
         event.preventDefault();
-        receiver?.press(key, true);
+        if (typed === null) this.press(receiver, key, true);
+        else receiver?.type(typed);
     }
 
     private caught(): void {
         if (this.composing || this.catcher.value === "") return;
         this.held.push({ kind: "text", text: this.catcher.value });
         this.catcher.value = "";
+    }
+
+    /** A line of text would lose the ends of the lines. */
+    private pasted(event: ClipboardEvent): void {
+        event.preventDefault();
+        const text = event.clipboardData?.getData("text/plain") ?? "";
+        if (text !== "") this.held.push({ kind: "text", text });
     }
 
     private composed(): void {
@@ -130,7 +156,7 @@ export class Keyboard {
 
     /** A click is held back like a key; it is for what was clicked, or for nothing. */
     private mouse(event: Event): void {
-        if (!this.holding || !event.isTrusted || (event.target instanceof Element && event.target.closest(".line"))) return;
+        if (!this.holding || !event.isTrusted || (event.target instanceof Element && event.target.closest(".unheld"))) return;
         event.preventDefault();
         event.stopPropagation();
         if (event.type === "click" && event.target instanceof HTMLElement)
@@ -149,10 +175,25 @@ export class Keyboard {
             const action = this.held.shift();
             if (!action) break;
             if (action.kind === "event") this.surroundings.send(action.event);
-            else if (receiver) perform(action, receiver);
+            else this.perform(action, receiver);
         }
         this.replaying = false;
         this.surroundings.heldChanged();
+    }
+
+    private perform(action: Exclude<Action, { kind: "event" }>, receiver: Receiver | null): void {
+        switch (action.kind) {
+            case "key":
+                return this.press(receiver, action.key, false);
+            case "text":
+                return receiver?.type(action.text);
+            case "click":
+                if (action.target.isConnected && !action.target.closest("[inert]")) action.target.click();
+        }
+    }
+
+    private press(receiver: Receiver | null, key: string, fresh: boolean): void {
+        if (!this.surroundings.ownKey(key)) receiver?.press(key, fresh);
     }
 
     private moveFocus(receiver: Receiver | null): void {
@@ -160,16 +201,5 @@ export class Keyboard {
         if (place !== this.place) receiver?.enter();
         else if (receiver && !receiver.hasFocus()) receiver.refocus();
         this.place = place;
-    }
-}
-
-function perform(action: Exclude<Action, { kind: "event" }>, receiver: Receiver): void {
-    switch (action.kind) {
-        case "key":
-            return receiver.press(action.key, false);
-        case "text":
-            return receiver.type(action.text);
-        case "click":
-            if (action.target.isConnected && !action.target.closest("[inert]")) action.target.click();
     }
 }

@@ -34,6 +34,12 @@ export class Screens {
         return this.front?.controls.get(this.focus.control);
     }
 
+    /** A button or a menu item of the screen in front has this key. */
+    hasShortcut(key: string): boolean {
+        const controls = [...(this.front?.controls.values() ?? [])];
+        return controls.some((control) => control.text("shortcut") === key || control.texts("menuShortcuts").includes(key));
+    }
+
     apply(message: ServerMessage): void {
         if (message.session !== undefined) this.open.clear();
         if (message.title !== undefined) this.title = message.title;

@@ -78,6 +78,16 @@ export interface DialogState {
     beep: boolean;
     columns?: readonly LookupColumn[];
     multiple?: boolean;
+    /** Pictures to show. */
+    files?: readonly string[];
+}
+
+/** A screen that the user may open. */
+export interface MenuEntry {
+    group: string;
+    caption: string;
+    class: string;
+    shortcut?: string;
 }
 
 export interface FocusState {
@@ -91,6 +101,10 @@ export interface FocusState {
 export interface ServerMessage {
     session?: string;
     title?: string;
+    user?: { code: string; name: string };
+    menu?: readonly MenuEntry[];
+    /** Seconds for which something written has been waiting to be stored; null: nothing does. */
+    status?: { pending: number | null };
     done?: number;
     turn?: number;
     closed?: readonly string[];

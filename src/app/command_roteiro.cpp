@@ -39,7 +39,11 @@ int Play(const TRoteiroOptions& options)
     const auto files = roteiro::TSuite::Find({options.files.begin(), options.files.end()});
     roteiro::TDatabaseCopies copies(Server(options.database),
         {{roteiro::TFactory::Empty, FillEmptyDatabase}, {roteiro::TFactory::Demonstration, FillDemonstration}});
-    return roteiro::TSuite(copies, RegisterScreens).Play(files, std::cout) == 0 ? 0 : 1;
+    return roteiro::TSuite(copies, RegisterScreens, {.layouts = ALINHAVO_LAYOUTS, .kept = options.reports})
+                .Play(files, std::cout)
+            == 0
+        ? 0
+        : 1;
 }
 
 } // namespace

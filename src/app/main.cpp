@@ -45,6 +45,8 @@ int main(int argc, char** argv)
     roteiroCommand.add_option("arquivos", roteiro.files, "Roteiros (.rot) ou pastas deles.")->required();
     roteiroCommand.add_option(
         "--banco", roteiro.database, "Endereço de um banco do servidor PostgreSQL a usar; sem ele, arquivos Firebird.");
+    roteiroCommand.add_option(
+        "--relatorios", roteiro.reports, "Pasta em que ficam os relatórios que os roteiros pedem.");
 
     TVerificaOptions verifica;
     CLI::App& verificaCommand

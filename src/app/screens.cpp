@@ -1,7 +1,11 @@
 #include "app/screens.h"
 
 #include "forms/TApplication.h"
+#include "master/TfmCadFluxo.h"
+#include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
+#include "reports/TfmRelFacDia.h"
+#include "reports/TfmRelFacPen.h"
 
 #include <memory>
 
@@ -18,6 +22,13 @@ void Register(TApplication& application, const char* className)
 
 } // namespace
 
-void RegisterScreens(TApplication& application) { Register<TfmFacMov>(application, "TfmFacMov"); }
+void RegisterScreens(TApplication& application)
+{
+    Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
+    Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
+    Register<TfmFacMov>(application, "TfmFacMov");
+    Register<TfmRelFacDia>(application, "TfmRelFacDia");
+    Register<TfmRelFacPen>(application, "TfmRelFacPen");
+}
 
 } // namespace alinhavo

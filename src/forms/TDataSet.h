@@ -105,7 +105,8 @@ public:
     void Insert(); ///< before the current row
     void Post(); ///< nothing while browsing
     void Cancel();
-    void Delete(); ///< of the current row; an appended, unposted one is dropped
+    /// Of the current row, std::logic_error when there is none; an appended, unposted one is dropped.
+    void Delete();
     void EmptyTable(); ///< all rows, hidden ones too, without events per row
     /// Leaves the row that is being edited, as a move does.
     void CheckBrowse();

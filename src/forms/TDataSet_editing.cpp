@@ -187,7 +187,7 @@ void TDataSet::Delete()
     for (TDataSet* detail : std::vector(details_))
         detail->CheckBrowse();
     if (!CurrentRow())
-        return;
+        throw std::logic_error(Name() + " has no row to delete");
     BeforeDelete();
     DropEdit();
     EraseRow();

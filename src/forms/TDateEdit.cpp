@@ -1,6 +1,8 @@
 #include "forms/TDateEdit.h"
 
+#include "forms/TApplication.h"
 #include "forms/text.h"
+#include "forms/TForm.h"
 
 #include <stdexcept>
 
@@ -20,7 +22,13 @@ TDateEdit::TDateEdit(TContainer& parent, std::string name, TDateEditOptions opti
     Assign(TDateTime().Text());
 }
 
-TDateTime TDateEdit::Date() const { return TDateTime::Parse(text()).Date(); }
+TDateTime TDateEdit::Date() const
+{
+    const auto day = Trim(text());
+    const auto slash = day.find('/');
+    const bool yearless = slash != std::string::npos && slash == day.rfind('/');
+    return TDateTime::Parse(yearless ? day + "/" + std::to_string(Form().Application().Today().Year()) : day).Date();
+}
 
 void TDateEdit::SetDate(TDateTime date) { SetText(date.Text()); }
 

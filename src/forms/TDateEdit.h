@@ -14,8 +14,8 @@ struct TDateEditOptions {
     bool tabStop = true;
 };
 
-/// A day. A blank one reads "  /  /    "; what is typed ("1/2/26", "010226") becomes "01/02/2026" when it is left, and
-/// a text that is no day keeps the focus with a message.
+/// A day. A blank one reads "  /  /    "; what is typed ("1/2/26", "010226") becomes "01/02/2026" when it is left,
+/// "1/2" that day of this year, and a text that is no day keeps the focus with a message.
 class TDateEdit : public TTextControl {
 public:
     TDateEdit(TContainer& parent, std::string name, TDateEditOptions options = {});

@@ -18,6 +18,34 @@ public:
     virtual void SetOrder(std::string_view numero) = 0;
     /// `lines` is the grid of the movement: what leaves the sector, by colour and size.
     virtual void InicializaSetor(std::string_view produto, std::string_view parte, TMemTable& lines) = 0;
+    /// The materials of one position; `mov` is empty for one without a batch.
+    virtual void Inicializa(std::string_view produto, std::string_view numero, std::string_view setor,
+        std::string_view parte, std::string_view mov)
+        = 0;
+};
+
+/// Where pieces of an order stand.
+struct TOrderPosition {
+    std::string numero = {};
+    std::string setor = {};
+    std::string parte = {};
+    std::string codcli = {};
+    std::string mov = {}; ///< empty: no batch
+};
+
+/// What the consultation asks of the screen of packets (TfmCadPacote).
+class IPacketScreen {
+public:
+    virtual ~IPacketScreen() = default;
+    virtual void Inicializa(std::string_view numero, std::string_view setor, std::string_view parte) = 0;
+};
+
+/// What the consultation asks of the sheets of a position: that of its dispatch (TfmRelFaccao01) and that of its cut
+/// (TfmRelFacCorte). The sheet fills its fields as if the user had, and leaves each of them.
+class IPositionSheet {
+public:
+    virtual ~IPositionSheet() = default;
+    virtual void MostraPosicao(const TOrderPosition& posicao) = 0;
 };
 
 /// Pieces that leave a sector as second quality or incomplete, to be explained by an inspection.

@@ -11,7 +11,7 @@ namespace alinhavo {
 namespace {
 
 constexpr std::size_t shownColumns = 6;
-constexpr int widestShown = 120;
+constexpr int widestShown = 150;
 constexpr std::size_t longestSearch = 60;
 
 bool Suits(const TColumnDecl& column)
@@ -104,6 +104,16 @@ void TPesquisa::AbrePesquisa()
         PlaceShared();
         OnFechaPesquisa();
     }
+}
+
+void TPesquisa::Serve(TControl& field) { field.OnKeyDown.connect(this, &TPesquisa::FieldKeyDown); }
+
+void TPesquisa::FieldKeyDown(TKey& key)
+{
+    if (key.name != "F4" && key.name != "F5")
+        return;
+    key.Swallow();
+    AbrePesquisa();
 }
 
 TValue TPesquisa::RetornoPesquisa(std::string_view column) const

@@ -11,9 +11,11 @@
 
 namespace alinhavo {
 
+class TControl;
 class TOrvForm;
 class TOrvQuery;
 class TOrvTable;
+struct TKey;
 struct TTableDecl;
 
 struct TPesquisaOptions {
@@ -38,12 +40,15 @@ public:
     TEvent<> OnFechaPesquisa;
 
     void AbrePesquisa();
+    /// F4 and F5 in the field open it; takes the field's OnKeyDown.
+    void Serve(TControl& field);
     /// A column of the row picked, only inside OnFechaPesquisa; null for an unknown column.
     TValue RetornoPesquisa(std::string_view column) const;
 
 private:
     class TRun;
 
+    void FieldKeyDown(TKey& key);
     const TTableDecl& Table() const;
     std::string Title() const;
     TStatement RowsWith(std::string_view text) const;

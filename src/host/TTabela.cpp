@@ -63,7 +63,16 @@ TTabela::~TTabela() = default;
 
 void TTabela::AbreTabela(std::string_view name) { Tabela(name).Open(); }
 
-void TTabela::FechaTabela(std::string_view name) { Tabela(name).Close(); }
+void TTabela::FechaTabela(std::string_view name)
+{
+    auto& shared = Tabela(name);
+    if (shared.IsEditing())
+        return;
+    shared.Close();
+    shared.Unrestrict();
+    shared.ClearFilter();
+    shared.SortBy("");
+}
 
 TOrvTable& TTabela::Tabela(std::string_view name)
 {

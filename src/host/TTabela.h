@@ -18,8 +18,9 @@ public:
 
     TOrvDatabase& IBDatabase;
 
-    /// Opens or closes a shared dataset by its name, in any case ("tbCadFluxo"). Opens are not counted. An unknown name
-    /// is a std::logic_error.
+    /// Opens or closes a shared dataset by its name, in any case ("tbCadFluxo"). Opens are not counted. Closed, it forgets
+    /// its restriction, filter and order: whoever opens it next finds it whole. One whose row is in edit stays as it is,
+    /// so that a screen that closes does not take away what is typed in another. An unknown name is a std::logic_error.
     void AbreTabela(std::string_view name);
     void FechaTabela(std::string_view name);
     /// The shared dataset itself, open or not; the same object for the user's whole session.

@@ -10,6 +10,7 @@ namespace alinhavo {
 
 TfmFacMov::TfmFacMov(TApplication& application)
     : TOrvForm(application, "TfmFacMov", "Movimentação de Setores")
+    , OrvRFIDMov(App().Host.rfid)
     , Precos(Tabela())
     , sParamFAC10(BuscaParametro("FAC", 10))
     , sParamFAC20(BuscaParametro("FAC", 20))
@@ -47,6 +48,10 @@ TfmFacMov::TfmFacMov(TApplication& application)
     edtFacDest.OnExit.connect(this, &TfmFacMov::edtFacDestExit);
     edtFacDest.OnKeyDown.connect(this, &TfmFacMov::edtFacDestKeyDown);
     cbBaixaBarras.OnClick.connect(this, &TfmFacMov::cbBaixaBarrasClick);
+    EdtBarra.OnChange.connect(this, &TfmFacMov::EdtBarraChange);
+    EdtBarra.OnEnter.connect(this, &TfmFacMov::EdtBarraEnter);
+    EdtBarra.OnKeyDown.connect(this, &TfmFacMov::EdtBarraKeyDown);
+    EdtBarra.OnExit.connect(this, &TfmFacMov::EdtBarraExit);
     edtQual.OnExit.connect(this, &TfmFacMov::edtQualExit);
     EdtCodTip.OnExit.connect(this, &TfmFacMov::EdtCodTipExit);
     edtCodDeposito.OnExit.connect(this, &TfmFacMov::edtCodDepositoExit);
@@ -54,6 +59,7 @@ TfmFacMov::TfmFacMov(TApplication& application)
     Distribuirquantidade1.OnClick.connect(this, &TfmFacMov::Distribuirquantidade1Click);
     dbg00Grade.SetPopupMenu(&PopupMenu1);
     dbg00Grade.OnKeyDown.connect(this, &TfmFacMov::dbg00GradeKeyDown);
+    dbg00Grade.OnRowColor.connect(this, &TfmFacMov::dbg00GradeRowColor);
     dbg00Grade.OnExit.connect(this, &TfmFacMov::dbg00GradeExit);
     btn00Incluir.OnClick.connect(this, &TfmFacMov::btn00IncluirClick);
     btn00Fechar.OnClick.connect(this, &TfmFacMov::btn00FecharClick);
@@ -68,14 +74,22 @@ TfmFacMov::TfmFacMov(TApplication& application)
     TbTemp.BeforePost.connect(this, &TfmFacMov::TbTempBeforePost);
     TbTemp.AfterPost.connect(this, &TfmFacMov::TbTempAfterPost);
 
+    LigaConsultas();
+    OrvRFIDMov.Fornecedor = "Mozaiko";
+    CbFormato.SetItemIndex(sParamFAC240 == "B" ? 1 : 0);
     edtQual.SetText("1");
     edtCodDeposito.SetText(DepositoInicial());
     EdtCodTip.SetText(App().Host.stock.CodigoTipoMovEstoque(TTipoMovimentoEstoque::EntradaProducao));
+    PageControl2.SetActivePage(tbsNormal);
     Tabela().AbreTabela("TbProduto");
     EdtRetorno.SetDate(application.Today());
     edtDtEntrada.SetDate(application.Today());
     edtDtProducao.SetDate(application.Today());
     CarregaPartes();
+    for (TComboBox* partes : {&CbConsParte, &CbEstorParte}) {
+        partes->SetItems(CbParte.Items());
+        partes->SetItemIndex(0);
+    }
     edtDtEntrada.SetEnabled(sParamFAC140 != "S");
     edtDtProducao.SetEnabled(sParamFAC90 != "S");
     PqEntidadeDest.Filtro = TStatement("BLOQUEIO <> ?", "S");
@@ -84,16 +98,15 @@ TfmFacMov::TfmFacMov(TApplication& application)
     MostraOcioso();
 }
 
-void TfmFacMov::TelaClose() { Tabela().FechaTabela("TbProduto"); }
+void TfmFacMov::TelaClose()
+{
+    Tabela().FechaTabela("TbProduto");
+    sListaEtq.clear();
+}
 
 void TfmFacMov::CarregaPartes()
 {
-    CbParte.ClearItems();
-    TOrvQuery partes = Consulta("SELECT CODIGO, DESCRICAO FROM {TIPO_APL} ORDER BY CODIGO");
-    partes.ForEach([&] {
-        CbParte.AddItem(partes.FieldByName("CODIGO").AsString() + " |" + partes.FieldByName("DESCRICAO").AsString());
-    });
-    CbParte.SetItemIndex(0);
+    PreenchePartes(CbParte, TStatement("SELECT CODIGO AS PARTE, DESCRICAO FROM {TIPO_APL} ORDER BY CODIGO"));
 }
 
 std::string TfmFacMov::DepositoDoUsuario()
@@ -111,13 +124,18 @@ void TfmFacMov::btn00IncluirClick()
 {
     if (!Acessa(TDireito::Altera))
         return;
+    AbreEntrada();
+    edtOFNum.SetFocus();
+}
+
+void TfmFacMov::AbreEntrada()
+{
     pnlCabecalho.SetEnabled(true);
     TravaCabecalho(false);
     pnlControle.SetVisible(false);
     pnlConfirma.SetVisible(true);
     edtMov.SetText("");
     cbBaixaBarras.SetChecked(false);
-    edtOFNum.SetFocus();
 }
 
 void TfmFacMov::btn00DesisteClick()
@@ -134,6 +152,7 @@ void TfmFacMov::MostraOcioso()
 {
     TravaCabecalho(true);
     pnlCabecalho.SetEnabled(false);
+    tbsAcesso.SetEnabled(true);
     pnlConfirma.SetVisible(false);
     pnlControle.SetVisible(true);
 }
@@ -204,7 +223,7 @@ void TfmFacMov::TelaKeyDown(TKey& key)
 {
     if (key.name == "F3") {
         key.name.clear();
-        Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.text());
+        Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.empty() ? edtM01OF.text() : edtOFNum.text());
     } else if (key.name == "F4") {
         AbrePesquisaDoCampo(key);
     } else if (key.name == "F7" && pnlConfirma.EffectivelyVisible()) {
@@ -217,9 +236,10 @@ void TfmFacMov::TelaKeyDown(TKey& key)
 
 void TfmFacMov::AbrePesquisaDoCampo(TKey& key)
 {
-    const std::array<std::pair<TControl*, TPesquisa*>, 5> pesquisas{
+    const std::array<std::pair<TControl*, TPesquisa*>, 10> pesquisas{
         {{&EdtSetor, &PqFluxo}, {&edtSetorProx, &PqSetorProx}, {&edtFluxo, &pqRFluxo}, {&edtFaccao, &PqFaccao},
-            {&edtFacDest, &PqEntidadeDest}}};
+            {&edtFacDest, &PqEntidadeDest}, {&edtM01Produto, &PqMProduto}, {&edtM02Produto, &PqEProduto},
+            {&edtRTipMov, &PqRTipMov}, {&edtRDeposito, &PqRDeposito}, {&edtDepositoRep, &PqDepositoRep}}};
     for (const auto& [field, pesquisa] : pesquisas) {
         if (!field->Focused())
             continue;

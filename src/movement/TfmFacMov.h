@@ -8,6 +8,7 @@
 #include "forms/TGrid.h"
 #include "forms/TGroupBox.h"
 #include "forms/TImage.h"
+#include "forms/TMemo.h"
 #include "forms/TMemTable.h"
 #include "forms/TMenuItem.h"
 #include "forms/TNumberEdit.h"
@@ -18,11 +19,16 @@
 #include "forms/TTabSheet.h"
 #include "host/IMovementScreens.h"
 #include "host/TOrvForm.h"
+#include "host/TOrvRFID.h"
 #include "host/TPesquisa.h"
+#include "movement/TfmFacMov_consultas.h"
 #include "payment/TPrecos.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace alinhavo {
@@ -86,6 +92,14 @@ struct TTbBaixa final : TMemTable {
     TStringField TAM{*this, "TAM", 4};
 };
 
+/// What an RFID reader found: one row a code.
+struct TTbRFID final : TMemTable {
+    using TMemTable::TMemTable;
+
+    TStringField CODIGO{*this, "CODIGO", 25};
+    TFloatField QTDE{*this, "QTDE"};
+};
+
 /// "Movimentação de Setores": moves one order out of a sector.
 class TfmFacMov final : public TOrvForm, public IMovementScreen {
 public:
@@ -94,9 +108,41 @@ public:
     TTbMovimento TbTemp{*this, "TbTemp"};
     TtbBaixaPartes tbBaixaPartes{*this, "tbBaixaPartes"};
     TTbBaixa TbBaixa{*this, "TbBaixa"};
+    TTbRFID TbRFID{*this, "TbRFID"};
     TOrvQuery QryFluxo{*this, "QryFluxo", Database()}; ///< rows of the chosen flow with their balances, in order
 
+    TQryConsulta QryConsulta{*this, "QryConsulta", Database()};
+    TTbFluxo TbFluxo{*this, "TbFluxo"};
+    TQryEstorno QryEstorno{*this, "QryEstorno", Database()};
+    TTbRastrear TbRastrear{*this, "TbRastrear"};
+
     TPageControl PageControl2{*this, "PageControl2"};
+
+    TTabSheet tbsAcesso{PageControl2, "tbsAcesso", {.caption = "A&cesso"}};
+    TRow linhaConsulta{tbsAcesso, "linhaConsulta"};
+    TEdit edtM01OF{linhaConsulta, "edtM01OF", {.caption = "OF", .maxLength = 6}};
+    TEdit edtM01Produto{linhaConsulta, "edtM01Produto", {.caption = "Produto", .maxLength = 15, .lookup = true}};
+    TEdit edtM01DescProduto{linhaConsulta, "edtM01DescProduto", {.caption = "Descrição", .readOnly = true}};
+    TComboBox CbConsParte{linhaConsulta, "CbConsParte", {.caption = "Parte"}};
+    TButton BtnAConsultar{linhaConsulta, "BtnAConsultar", {.caption = "Consultar"}};
+    TGrid DbGridGrade{tbsAcesso, "DbGridGrade", QryConsulta, {.caption = "Posição da OF", .readOnly = true}};
+    TRow linhaFluxoConsulta{tbsAcesso, "linhaFluxoConsulta"};
+    TEdit EdtCodFluxo{linhaFluxoConsulta, "EdtCodFluxo", {.caption = "Fluxo", .maxLength = 3, .readOnly = true}};
+    TEdit EdtDesFluxo{linhaFluxoConsulta, "EdtDesFluxo", {.caption = "Descrição", .readOnly = true}};
+    TButton SpeedButton1{linhaFluxoConsulta, "SpeedButton1", {.caption = "Gravar Endereços"}};
+    TButton SpeedButton2{linhaFluxoConsulta, "SpeedButton2", {.caption = "Foto"}};
+    TGrid DbgFluxo1{tbsAcesso, "DbgFluxo1", TbFluxo, {.caption = "Setores do fluxo", .lines = 6}};
+    TRow linhaObservacoes{tbsAcesso, "linhaObservacoes"};
+    TMemo mmObsOF{linhaObservacoes, "mmObsOF", {.caption = "Observação da OF", .readOnly = true}};
+    TMemo MmObs{linhaObservacoes, "MmObs", {.caption = "Observações dos movimentos", .readOnly = true}};
+    TMemo mmObsEnvio{linhaObservacoes, "mmObsEnvio", {.caption = "Observações de envio", .readOnly = true}};
+    TRow pnlAcesso{tbsAcesso, "pnlAcesso"};
+    TButton BitBtn5{pnlAcesso, "BitBtn5", {.caption = "Pacotes"}};
+    TButton BitBtn7{pnlAcesso, "BitBtn7", {.caption = "Consumos"}};
+    TButton BitBtn8{pnlAcesso, "BitBtn8", {.caption = "Ficha de Envio"}};
+    TButton btnFichaCorte{pnlAcesso, "btnFichaCorte", {.caption = "Ficha de Corte"}};
+    TButton BtnExclusao{pnlAcesso, "BtnExclusao", {.caption = "Excluir OF"}};
+
     TTabSheet tbsNormal{PageControl2, "tbsNormal", {.caption = "&Movimentação"}};
 
     TGroupBox pnlCabecalho{tbsNormal, "pnlCabecalho"};
@@ -145,6 +191,8 @@ public:
 
     TGroupBox GbBarra{tbsNormal, "GbBarra", {.caption = "Leitura", .visible = false}};
     TEdit EdtBarra{GbBarra, "EdtBarra", {.caption = "Código de barras", .maxLength = 25}};
+    TComboBox CbFormato{GbBarra, "CbFormato",
+        {.caption = "Formato", .items = {"EAN 13 / DUN14 / Barra Cli.", "Barra 128"}, .itemIndex = 0}};
 
     TGroupBox GbEstoque{tbsNormal, "GbEstoque", {.caption = "Estoque", .visible = false}};
     TEdit edtQual{GbEstoque, "edtQual", {.caption = "Qualidade", .maxLength = 2}};
@@ -171,6 +219,43 @@ public:
     TButton btn00Confirmar{pnlConfirma, "btn00Confirmar", {.caption = "Confirm&ar"}};
     TButton btn00Desiste{pnlConfirma, "btn00Desiste", {.caption = "Desis&tir", .role = TButtonRole::Cancel}};
 
+    TTabSheet tbsEstorno{PageControl2, "tbsEstorno", {.caption = "Estornar Movimento"}};
+    TRow linhaEstorno{tbsEstorno, "linhaEstorno"};
+    TEdit edtM02OF{linhaEstorno, "edtM02OF", {.caption = "OF", .maxLength = 6}};
+    TEdit edtM02Produto{linhaEstorno, "edtM02Produto", {.caption = "Produto", .maxLength = 15, .lookup = true}};
+    TEdit edtM02DescProduto{linhaEstorno, "edtM02DescProduto", {.caption = "Descrição", .readOnly = true}};
+    TComboBox CbEstorParte{linhaEstorno, "CbEstorParte", {.caption = "Parte"}};
+    TComboBox cbEstorMov{linhaEstorno, "cbEstorMov", {.caption = "Movimento"}};
+    TButton BitBtn1{linhaEstorno, "BitBtn1", {.caption = "Consultar"}};
+    TGrid DBGrid3{tbsEstorno, "DBGrid3", QryEstorno, {.caption = "Movimentos", .readOnly = true}};
+    TGroupBox pnlEstornoBaixa{tbsEstorno, "pnlEstornoBaixa", {.caption = "Estoque", .visible = false}};
+    TRow linhaTipoEstorno{pnlEstornoBaixa, "linhaTipoEstorno"};
+    TEdit edtRTipMov{linhaTipoEstorno, "edtRTipMov", {.caption = "Tipo de movimento", .maxLength = 3, .lookup = true}};
+    TEdit edtRDescMov{linhaTipoEstorno, "edtRDescMov", {.caption = "Descrição", .readOnly = true}};
+    TRow linhaDepositoEstorno{pnlEstornoBaixa, "linhaDepositoEstorno"};
+    TEdit edtRDeposito{linhaDepositoEstorno, "edtRDeposito", {.caption = "Depósito", .maxLength = 3, .lookup = true}};
+    TEdit edtRDescDeposito{linhaDepositoEstorno, "edtRDescDeposito", {.caption = "Descrição", .readOnly = true}};
+    TRow linhaDepositoReprovado{pnlEstornoBaixa, "linhaDepositoReprovado"};
+    TEdit edtDepositoRep{
+        linhaDepositoReprovado, "edtDepositoRep", {.caption = "Depósito reprovado", .maxLength = 3, .lookup = true}};
+    TEdit edtDescDepositoRep{linhaDepositoReprovado, "edtDescDepositoRep", {.caption = "Descrição", .readOnly = true}};
+    TButton BitBtn6{tbsEstorno, "BitBtn6", {.caption = "&Estornar"}};
+
+    TTabSheet tbsRastrear{PageControl2, "tbsRastrear", {.caption = "Rastrear"}};
+    TRow linhaRastrear{tbsRastrear, "linhaRastrear"};
+    TEdit Edit1{linhaRastrear, "Edit1", {.caption = "Número", .maxLength = 6}};
+    TEdit Edit2{linhaRastrear, "Edit2", {.caption = "Setor", .maxLength = 3}};
+    TEdit Edit3{linhaRastrear, "Edit3", {.caption = "Movimento", .maxLength = 6}};
+    TEdit EdtCodCor{linhaRastrear, "EdtCodCor", {.caption = "Cor", .maxLength = 6}};
+    TEdit EdtCodTam{linhaRastrear, "EdtCodTam", {.caption = "Tam.", .maxLength = 4}};
+    TButton BitBtn9{linhaRastrear, "BitBtn9", {.caption = "Consultar"}};
+    TGrid DBGrid2{tbsRastrear, "DBGrid2", TbRastrear, {.caption = "Caminho das peças", .readOnly = true}};
+
+    TPesquisa PqMProduto{*this, "PqMProduto", {.BuscaTabela = "PRODUTO", .BuscaCampo = "CODIGO"}};
+    TPesquisa PqEProduto{*this, "PqEProduto", {.BuscaTabela = "PRODUTO", .BuscaCampo = "CODIGO"}};
+    TPesquisa PqRTipMov{*this, "PqRTipMov", {.BuscaTabela = "TABBAI", .BuscaCampo = "CODIGO"}};
+    TPesquisa PqRDeposito{*this, "PqRDeposito", {.BuscaTabela = "DEPOSITO", .BuscaCampo = "CODIGO"}};
+    TPesquisa PqDepositoRep{*this, "PqDepositoRep", {.BuscaTabela = "DEPOSITO", .BuscaCampo = "CODIGO"}};
     TPesquisa PqFluxo{*this, "PqFluxo", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};
     TPesquisa PqSetorProx{*this, "PqSetorProx", {.BuscaTabela = "CADFLUXO", .BuscaCampo = "CODIGO"}};
     TPesquisa pqRFluxo{*this, "pqRFluxo", {.BuscaTabela = "ROTEIRO", .BuscaCampo = "CODIGO"}};
@@ -199,12 +284,17 @@ public:
     void edtFacDestExit();
     void edtFacDestKeyDown(TKey& key);
     void cbBaixaBarrasClick();
+    void EdtBarraChange();
+    void EdtBarraEnter();
+    void EdtBarraKeyDown(TKey& key);
+    void EdtBarraExit(); ///< the reading of a code
     void edtQualExit();
     void EdtCodTipExit();
     void edtCodDepositoExit();
     void ZerarQuantidades1Click();
     void Distribuirquantidade1Click();
     void dbg00GradeKeyDown(TKey& key);
+    void dbg00GradeRowColor(std::size_t row, TRowColor& color);
     void dbg00GradeExit();
     void btn00IncluirClick();
     void btn00FecharClick();
@@ -217,6 +307,53 @@ public:
     void PqEntidadeDestFechaPesquisa();
     void TelaKeyDown(TKey& key);
     void TelaClose();
+
+    // Consultation and removal of an order.
+    void edtM01OFExit();
+    void edtM01ProdutoChange();
+    void edtFaccao_CodProd();
+    void BtnAConsultarClick();
+    void M01MostraDados();
+    void ConsultaOF(std::string_view ordem); ///< a column that leads the order; empty: none
+    void CarregaPartesBaixa();
+    void EdtCodFluxoChange();
+    void DbGridGradeTitleClick(std::string_view column);
+    void DbGridGradeDblClick();
+    void DbGridGradeRowColor(std::size_t row, TRowColor& color);
+    void SpeedButton1Click();
+    void SpeedButton2Click();
+    void BitBtn5Click();
+    void BitBtn7Click();
+    void BitBtn8Click();
+    void btnFichaCorteClick();
+    void BtnExclusaoClick();
+    void PqMProdutoFechaPesquisa();
+
+    // Reversal of a movement.
+    void edtM02OFExit();
+    void edtM02ProdutoChange();
+    void edtM02ProdutoExit();
+    void BitBtn1Click();
+    void edtRTipMovChange();
+    void edtRTipMovExit();
+    void edtRDepositoChange();
+    void edtRDepositoExit();
+    void edtDepositoRepChange();
+    void edtDepositoRepExit();
+    void BitBtn6Click();
+    void PqEProdutoFechaPesquisa();
+    void PqRTipMovFechaPesquisa();
+    void PqRDepositoFechaPesquisa();
+    void PqDepositoRepFechaPesquisa();
+    void CarregaPartesBaixaEstorno();
+    void BuscaMovOF();
+    /// Of the current row of QryEstorno, whatever is named: this is wanted.
+    bool PodeExtornar(std::string_view setor, std::string_view numero, std::string_view tam, std::string_view parte,
+        std::string_view mov);
+    bool SetorComReprocesso(
+        std::string_view numero, std::string_view setor, std::string_view parte, std::string_view tam);
+
+    void BitBtn9Click();
 
     // Rules of sectors and flows, of the order and part on screen.
     std::string PrimeiroSetor(std::string_view fluxo);
@@ -249,6 +386,8 @@ public:
     void Retorno_Normal();
     void ProcessaPartesdaBaixa(std::string_view parte, bool ultima);
     double PrecoFaccao(std::string_view parte);
+    /// Puts the unit's code in EdtBarra where the code is a box's; how many pieces it stands for, at least 1.
+    void VerificaCodigoBarraEAN14(std::string_view codigo, std::int64_t& quantidade);
     void ValidarDefeitos();
     double BuscaQtdeDefCad(std::string_view mov);
     double BuscaQtdeDefMov(std::string_view mov);
@@ -314,6 +453,65 @@ private:
     std::string Lote() const;
     void AbreProximoSetor(std::string_view reprocesso);
 
+    void LigaConsultas();
+    void PreenchePartes(TComboBox& partes, const TStatement& select);
+    std::string ParteConsultada() const;
+    void MostraObservacoes();
+    void SomaFluxo(TOrvQuery linhas);
+    bool ReservaPermiteExcluir();
+    void ExcluiOF();
+    void AbreEntrada();
+    void RepeteConsulta(const TOrderPosition& posicao);
+    bool TemPosicao();
+    TOrderPosition PosicaoConsultada() const;
+
+    bool ConfereEstorno();
+    bool ConfereEstoqueEstorno();
+    bool EstornaReprovados(); ///< the sector sends rejected goods to a warehouse of their own
+    double EstoqueDoProduto(std::string_view deposito);
+    std::string LoteEstorno() const;
+    std::int64_t PosicaoAberta(); ///< by the selected movement; 0: none
+    std::int64_t DestinoDoMovimento();
+    void DevolveOrigem();
+    void RetiraDestino();
+    void EstornaEstoque(std::string_view deposito, double quantidade);
+    void EstornaBaixa();
+    void EstornaPerdas();
+    void GravaEstorno();
+
+    void AcrescentaPosicoes(const TStatement& condicao);
+
+    /// The piece that a label stands for.
+    struct TPeca {
+        std::string codigo;
+        std::string cor;
+        std::string tam;
+    };
+    using TPecas = std::unordered_map<std::string, TPeca>; ///< by code read
+    static constexpr std::string_view OrdemDaGrade = "mov;codigo;cor;pos;quant";
+    enum class TPreenche { Zero, Saldo };
+    void PreencheQuantidades(TPreenche valor);
+    void SomaQuant(double quantidade);
+    bool EhDaPeca(std::size_t row, const TPeca& peca) const;
+    bool TemPendente(std::size_t row) const;
+
+    void RetiraAspas();
+    bool CodigoCompleto(const std::string& codigo);
+    bool EtiquetaLiberada();
+    bool LocalizaPeca(bool aMaior);
+    void AlarmeDaBarra(std::string_view text);
+
+    void LeRFID();
+    void LancaRFID();
+    void EncerraRFID(int formato);
+    bool LancaTags(const TPecas& pecas, std::string& excedentes);
+    bool LancaTag(const TPeca& peca, double quantidade, bool aMaior, std::string& excedentes);
+    TPecas PecasDasTags();
+
+    TOrvRFID& OrvRFIDMov;
+    /// Labels read since the screen was opened, whatever became of the order.
+    std::unordered_set<std::string> sListaEtq;
+
     TPrecos Precos;
 
     const std::string sParamFAC10; ///< "S": stock enters with the cost of the product
@@ -328,7 +526,7 @@ private:
     const std::string sParamFAC240; ///< bar codes at the last sector: "N" not forced, "B" with labels of 128
     const std::string sParamFAC250; ///< "S": the movement number is mandatory off the first sector
     const std::string sParamFAC260; ///< "S": all parts leave the last sector together
-    const std::string sParamEXP70;
+    const std::string sParamEXP70; ///< labels of 128: "S" read once each and with the order, "N" as short as they are
     const std::string sParamPCP140; ///< "2": the stock lot is the order
 
     TIndPag indPag = TIndPag::Nenhuma; ///< of the sector, read once for a confirmation

@@ -314,18 +314,14 @@ void TfmFacMov::Proximo_Mov(std::string_view numero, std::string_view setor)
 
 void TfmFacMov::CarregaPartesMov()
 {
-    CbParte.ClearItems();
-    TOrvQuery partes = Consulta(R"(
+    PreenchePartes(CbParte,
+        TStatement(R"(
         SELECT PRO_FLUXO.PARTE, TIPO_APL.DESCRICAO
           FROM {OF1} OF1
           JOIN {PRO_FLUXO} PRO_FLUXO ON PRO_FLUXO.CODIGO = OF1.CODIGO
           JOIN {TIPO_APL} TIPO_APL ON TIPO_APL.CODIGO = PRO_FLUXO.PARTE
          WHERE OF1.NUMERO = ? ORDER BY PRO_FLUXO.PARTE)",
-        edtOFNum.text());
-    partes.ForEach([&] {
-        CbParte.AddItem(partes.FieldByName("PARTE").AsString() + " |" + partes.FieldByName("DESCRICAO").AsString());
-    });
-    CbParte.SetItemIndex(0);
+            edtOFNum.text()));
 }
 
 void TfmFacMov::AtualizaFoto(std::string_view codigo)

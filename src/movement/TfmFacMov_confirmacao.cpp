@@ -32,8 +32,11 @@ void TfmFacMov::btn00ConfirmarClick()
     if (CbGeraNotaFiscal.Checked())
         GeraNotaFiscal();
     CommitRetaining();
+    const TOrderPosition aberta{
+        .numero = edtOFNum.text(), .setor = edtSetorProx.text(), .parte = Parte(), .mov = edtMov.text()};
     MostraOcioso();
     Limpa_Normal();
+    RepeteConsulta(aberta);
 }
 
 bool TfmFacMov::ConfereCabecalho()

@@ -34,10 +34,11 @@ void TfmFacMov::Retorno_Normal()
     QuantSomenteLeitura(false);
     BaixaConjunta();
 
-    TbTemp.SortBy("mov;codigo;cor;pos;quant");
+    TbTemp.SortBy(OrdemDaGrade);
     TbTemp.First();
     TbTemp.Tag = Open;
     pnlCabecalho.SetEnabled(false);
+    tbsAcesso.SetEnabled(false);
     if (bgUltimoSetor && sLancaEstoque == "S") {
         AtualizaCodigoDeposito(edtOFNum.text());
         GbEstoque.SetVisible(true);
@@ -214,15 +215,23 @@ void TfmFacMov::QuantSomenteLeitura(bool somenteLeitura) { dbg00Grade.SetColumnR
 
 bool TfmFacMov::QuantSomenteLeitura() const { return dbg00Grade.ColumnReadOnly("Quant"); }
 
+void TfmFacMov::PreencheQuantidades(TPreenche valor)
+{
+    {
+        const TEventOff afterPost(TbTemp.AfterPost); // the total is told once
+        TbTemp.ForEach([&] {
+            TbTemp.Edit();
+            TbTemp.Quant = valor == TPreenche::Zero ? 0 : TbTemp.Saldo.value();
+            TbTemp.Post();
+        });
+    }
+    SomaQuantidades();
+}
+
 void TfmFacMov::ZerarQuantidades1Click()
 {
-    if (QuantSomenteLeitura())
-        return;
-    TbTemp.ForEach([&] {
-        TbTemp.Edit();
-        TbTemp.Quant = 0;
-        TbTemp.Post();
-    });
+    if (!QuantSomenteLeitura())
+        PreencheQuantidades(TPreenche::Zero);
 }
 
 // One amount over the rows of a colour and size, oldest batch first; what is left over goes to the last.
@@ -262,30 +271,19 @@ void TfmFacMov::Distribuirquantidade1Click()
     SomaQuantidades();
 }
 
-// The user starts from nothing when he reads codes, and from the whole balance when he types.
-void TfmFacMov::cbBaixaBarrasClick()
-{
-    if (TbTemp.IsEmpty() && cbBaixaBarras.Checked())
-        return cbBaixaBarras.SetChecked(false);
-    const bool ligado = cbBaixaBarras.Checked();
-    if (!QuantSomenteLeitura()) {
-        const auto controls = TbTemp.DisableControls();
-        TbTemp.ForEach([&] {
-            TbTemp.Edit();
-            TbTemp.Quant = ligado ? 0 : TbTemp.Saldo.value();
-            TbTemp.Post();
-        });
-    }
-    GbBarra.SetVisible(ligado);
-    if (ligado)
-        EdtBarra.SetFocus();
-}
-
 void TfmFacMov::dbg00GradeKeyDown(TKey& key)
 {
     if (key.name == "F6" && !TbTemp.IsEmpty()) {
         key.name.clear();
         return AbrirLancamentoDefeitos();
+    }
+    if (key.name == "F5" && !TbTemp.IsEmpty()) {
+        key.Swallow();
+        return LeRFID();
+    }
+    if (key.name == "F10") {
+        key.Swallow();
+        return OrvRFIDMov.ConfigurarParametros(*this);
     }
     if (bgUltimoSetor && key.IsDigit() && dbg00Grade.Column() == "Quant")
         bgNaoBipado = true;

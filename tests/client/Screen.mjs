@@ -1,7 +1,14 @@
 // A screen as its user sees it, by the names of its controls.
 import assert from "node:assert/strict";
 
-const titles = { fmExemplo: "Tingimento de Botões", fmLeitura: "Leitura de Código de Barras" };
+const titles = {
+    fmExemplo: "Tingimento de Botões",
+    fmLeitura: "Leitura de Código de Barras",
+    fmControles: "Controles",
+    fmCadFluxo: "Cadastro de Setores",
+    fmFacFluxo: "Cadastro de Fluxos",
+    fmFacMov: "Movimentação de Setores",
+};
 
 export class Screen {
     constructor(page, name, pictures) {
@@ -60,14 +67,21 @@ export class Screen {
         assert.equal(await this.focused(), name);
     }
 
-    async hasText(name, text) {
+    async hasText(name, text, why = name) {
         await this.settled();
-        assert.equal(await this.field(name).inputValue(), text);
+        assert.equal(await this.field(name).inputValue(), text, why);
     }
 
     async says(name, text) {
         await this.settled();
         assert.equal((await this.control(name).innerText()).trim(), text);
+    }
+
+    /** By its login page. */
+    async comesIn(user, password) {
+        await this.page.getByLabel("Usuário").fill(user);
+        await this.page.getByLabel("Senha").fill(password);
+        await this.page.getByRole("button", { name: "Entrar" }).click();
     }
 
     /** The box on top says this. */

@@ -7,6 +7,7 @@ namespace alinhavo {
 namespace {
 
 constexpr std::size_t DigitosDaBarra = 13;
+constexpr std::string_view Desconhecido = "0000000000000";
 constexpr int MuitasLinhas = 100'000;
 
 } // namespace
@@ -38,6 +39,10 @@ void TfmLeitura::EdtBarraExit()
 
 void TfmLeitura::Le()
 {
+    if (EdtBarra.text() == Desconhecido) {
+        EdtBarra.SetTextQuietly("");
+        return Alarma();
+    }
     TbLidos.Append();
     TbLidos.Ordem = static_cast<std::int64_t>(TbLidos.RecordCount());
     TbLidos.Barra = EdtBarra.text();
@@ -46,6 +51,16 @@ void TfmLeitura::Le()
     edtLidos.SetValue(static_cast<double>(TbLidos.RecordCount()));
     lblLido.SetCaption("Lido " + EdtBarra.text() + ".");
     EdtBarra.SetTextQuietly("");
+}
+
+void TfmLeitura::Alarma()
+{
+    TDialog alarm;
+    alarm.title = Caption();
+    alarm.text = "Código de barras desconhecido.";
+    alarm.icon = TIcon::Stop;
+    alarm.beep = true;
+    Application().ShowDialog(alarm);
 }
 
 void TfmLeitura::btnPesquisarClick()

@@ -43,6 +43,7 @@ private:
     void btnPesquisarClick();
     void btnMuitasClick();
     void Le();
+    void Alarma();
     void Procura(std::string_view text);
 
     TMemTable tbAchados_;

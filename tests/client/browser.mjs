@@ -1,28 +1,70 @@
-// A browser and a server of the example screens for the tests.
+// A browser and the servers of screens for the tests.
 import { chromium } from "playwright-core";
-import { spawn } from "node:child_process";
+import { execFile, spawn } from "node:child_process";
 import { existsSync } from "node:fs";
+import { mkdtemp, rm } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
+import { promisify } from "node:util";
 import { fileURLToPath } from "node:url";
 import { createInterface } from "node:readline";
 
 const root = fileURLToPath(new URL("../../", import.meta.url));
 const presets = [process.env.ALINHAVO_BUILD, "release", "debug"].filter(Boolean);
-const program = presets.map((preset) => `${root}build/${preset}/bin/exemplo_servidor`).find(existsSync);
+const built = (name) => presets.map((preset) => `${root}build/${preset}/bin/${name}`).find(existsSync);
+const product = built("alinhavo");
+const today = "20/11/2026";
 
 /** Listens on a free port, or on the one given; `stop` returns when it has ended. */
-export async function startServer(port = 0) {
-    if (!program) throw new Error("exemplo_servidor is not built");
-    const child = spawn(program, [`${root}client/dist`, String(port)], { stdio: ["pipe", "pipe", "inherit"] });
+export async function startServer(port = 0, name = "exemplo_servidor") {
+    const program = built(name);
+    if (!program) throw new Error(`${name} is not built`);
+    return serve(program, [`${root}client/dist`, String(port)], (child) => child.stdin.end());
+}
+
+/** True when the product is built and can serve browsers. */
+export async function factoryCanServe() {
+    if (!product) return false;
+    const { stdout } = await promisify(execFile)(product, ["--help"]);
+    return stdout.includes("servir");
+}
+
+/** The product on a demonstration factory of its own, on a fixed day. */
+export async function startFactory() {
+    const folder = await mkdtemp(join(tmpdir(), "alinhavo-"));
+    const database = join(folder, "demo.fdb");
+    process.env.FIREBIRD_LOCK ??= folder;
+    await promisify(execFile)(product, ["demo", "--banco", database, "--hoje", today]);
+    const options = ["servir", "--banco", database, "--porta", "0", "--cliente", `${root}client/dist`, "--hoje", today];
+    const server = await serve(product, options, (child) => child.kill("SIGTERM"));
+    return {
+        ...server,
+        async stop() {
+            await server.stop();
+            await rm(folder, { recursive: true });
+        },
+    };
+}
+
+async function serve(file, options, end) {
+    const child = spawn(file, options, { stdio: ["pipe", "pipe", "inherit"] });
     const ended = new Promise((resolve) => child.once("exit", resolve));
-    const [line] = await Promise.race([
-        new Promise((resolve) => createInterface(child.stdout).once("line", (text) => resolve([text]))),
-        ended.then((code) => Promise.reject(new Error(`exemplo_servidor ended with ${code}`))),
+    const line = await Promise.race([
+        new Promise((resolve) => createInterface(child.stdout).once("line", (text) => resolve(/http:\S+/.exec(text)[0]))),
+        ended.then((code) => Promise.reject(new Error(`${file} ended with ${code}`))),
     ]);
     return {
         url: line,
         port: Number(new URL(line).port),
+        async answers(path) {
+            return (await fetch(`${line}${path}`)).status !== 404;
+        },
+        async kill() {
+            child.kill("SIGKILL");
+            await ended;
+        },
         async stop() {
-            child.stdin.end();
+            end(child);
             await ended;
         },
     };

@@ -2,56 +2,125 @@
 import assert from "node:assert/strict";
 import { mkdir } from "node:fs/promises";
 import { fileURLToPath } from "node:url";
-import { startBrowser, startServer } from "./browser.mjs";
+import { factoryCanServe, startBrowser, startFactory, startServer } from "./browser.mjs";
 import { slowLine } from "./slowLine.mjs";
 import { Screen } from "./Screen.mjs";
+
+/** Of every user of the example server. */
+export const password = "demo";
 
 const tests = [];
 const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.url));
 
-/** `options`: delay in milliseconds each way, colorScheme, screen (the one brought to the front). */
+/**
+ * `options`: delay in milliseconds each way, colorScheme, size of the window, screen (the one brought to the front; null: nobody has come
+ * in yet), needs (a path: without it at the server the test is skipped, and counted as such), serves (the server's program),
+ * factory (the demonstration factory instead of the example screens) and who works in it.
+ */
 export function test(name, options, action) {
     tests.push({ name, options, action });
 }
 
 export async function runAll() {
     const only = process.argv[2];
-    const server = await startServer();
+    const outcome = { passed: 0, failed: 0, skipped: 0 };
+    const began = performance.now();
+    const servers = await Servers.start();
     const browser = await startBrowser();
     await mkdir(pictures, { recursive: true });
-    const failures = [];
-    let passed = 0;
-    for (const { name, options, action } of tests.filter((each) => !only || each.name.includes(only))) {
-        const began = performance.now();
+    const chosen = tests.filter(({ name }) => !only || name.includes(only));
+    const lanes = new Map();
+    for (const each of chosen) lanes.set(laneOf(each.options), [...(lanes.get(laneOf(each.options)) ?? []), each]);
+    await Promise.all([...lanes.values()].map((lane) => runLane(lane, browser, servers, outcome)));
+    await browser.close();
+    await servers.stop();
+    const seconds = Math.round((performance.now() - began) / 1000);
+    console.log(`${outcome.passed} passed, ${outcome.failed} failed, ${outcome.skipped} skipped (${seconds} s)`);
+    process.exitCode = outcome.failed === 0 ? 0 : 1;
+}
+
+/** Tests of different lanes run side by side: those that wait for a slow line, those on the factory, and the others. */
+function laneOf({ factory, delay }) {
+    if (factory) return "factory";
+    return delay ? "slow" : "";
+}
+
+async function runLane(lane, browser, servers, outcome) {
+    for (const { name, options, action } of lane) {
+        const server = await servers.of(options);
+        if (!server) {
+            ++outcome.skipped;
+            console.log(`skipped ${name}: the server has no ${options.needs ?? "factory"}`);
+            continue;
+        }
+        const start = performance.now();
         try {
             await runOne(browser, server, options, action);
-            ++passed;
-            console.log(`ok      ${name} (${Math.round(performance.now() - began)} ms)`);
+            ++outcome.passed;
+            console.log(`ok      ${name} (${Math.round(performance.now() - start)} ms)`);
         } catch (error) {
-            failures.push(name);
+            ++outcome.failed;
             console.log(`FAILED  ${name}\n        ${String(error.stack ?? error).replaceAll("\n", "\n        ")}`);
         }
     }
-    await browser.close();
-    await server.stop();
-    console.log(`${passed} passed, ${failures.length} failed`);
-    process.exitCode = failures.length === 0 ? 0 : 1;
 }
 
-async function runOne(browser, server, { delay = 0, colorScheme = "light", screen: name = "fmExemplo" }, action) {
+/** The servers of the tests' screens, each started when the first test wants it. */
+class Servers {
+    #programs = new Map();
+    #factory = null;
+    #canServe;
+
+    static async start() {
+        const servers = new Servers();
+        servers.#canServe = await factoryCanServe();
+        return servers;
+    }
+
+    /** Null: what the test needs is not there. */
+    async of({ factory, needs, serves = "exemplo_servidor" }) {
+        if (factory) return this.#canServe ? (this.#factory ??= startFactory()) : null;
+        const server = await this.#program(serves);
+        return !needs || (await server.answers(needs)) ? server : null;
+    }
+
+    /** Lanes ask at the same time: what is kept is the promise. */
+    #program(name) {
+        if (!this.#programs.has(name)) this.#programs.set(name, startServer(0, name));
+        return this.#programs.get(name);
+    }
+
+    async stop() {
+        for (const server of this.#programs.values()) await (await server).stop();
+        await (await this.#factory)?.stop();
+    }
+}
+
+let users = 0;
+
+/** Each test has a user of its own: nobody finds what another has arranged, or left open. */
+async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, user = `USER${++users}` }, action) {
     const line = await slowLine(server.port, delay);
-    const context = await browser.newContext({ viewport: { width: 1280, height: 800 }, colorScheme, locale: "pt-BR" });
+    const context = await browser.newContext({ viewport: size, colorScheme, locale: "pt-BR" });
     const errors = [];
     try {
         const page = await context.newPage();
         page.on("pageerror", (error) => errors.push(error.message));
+        if (name && (await server.answers("quem"))) await comeIn(context, line.url, user);
         await page.goto(line.url);
         const screen = new Screen(page, name, pictures);
-        await screen.ready();
-        await action(screen, { page, line, context, server });
+        if (factory) await screen.settled();
+        else if (name) await screen.ready();
+        await action(screen, { page, line, context, server, user, browser });
         assert.deepEqual(errors, [], "errors of the page");
     } finally {
         await context.close();
         await line.close();
     }
+}
+
+/** As the login page does it. */
+export async function comeIn(context, url, user) {
+    const answer = await context.request.post(`${url}entrar`, { data: { usuario: user, senha: password } });
+    assert.equal(answer.status(), 200, await answer.text());
 }

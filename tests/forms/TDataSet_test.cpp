@@ -27,7 +27,7 @@ TEST_F(DataSetCursor, AnEmptyTableIsAtBothEndsAndReadsNull)
     EXPECT_TRUE(empty.Cor.IsNull());
     EXPECT_EQ(empty.Quant.value(), 0);
     empty.Next();
-    empty.Delete();
+    EXPECT_THROW(empty.Delete(), std::logic_error);
     EXPECT_TRUE(empty.IsEmpty());
 }
 

@@ -102,6 +102,8 @@ TEST_F(Controls, ReadABlankDateAndCompleteATypedOne)
     user.Type("edtData", "5/3/26");
     EXPECT_EQ(form.edtData.text(), "05/03/2026");
     EXPECT_EQ(form.edtData.Date(), TDateTime::FromDate(2026, 3, 5));
+    user.Type("edtData", "20/11");
+    EXPECT_EQ(form.edtData.Date(), TDateTime::FromDate(app.Today().Year(), 11, 20));
     form.edtData.SetDate({});
     EXPECT_TRUE(form.edtData.empty());
     EXPECT_TRUE(form.edtData.Date().IsBlank());

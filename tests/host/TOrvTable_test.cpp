@@ -203,6 +203,18 @@ TEST_F(TOrvTableTest, ARowHeldByOthersStays)
     EXPECT_EQ(table.RecordCount(), 3U);
 }
 
+TEST_F(TOrvTableTest, ATableWithoutRowsNamesItselfWhenARowIsToBeDeleted)
+{
+    table.Open();
+    table.Restrict("COR", {"9"});
+    try {
+        table.Delete();
+        FAIL() << "there was nothing to delete";
+    } catch (const std::logic_error& failure) {
+        EXPECT_STREQ(failure.what(), "tbCor has no row to delete");
+    }
+}
+
 TEST_F(TOrvTableTest, RefreshingKeepsTheCurrentRow)
 {
     table.Open();

@@ -42,6 +42,34 @@ TEST_F(TTabelaTest, OpensAreNotCounted)
     EXPECT_FALSE(tabela.Tabela("tbCor").Active());
 }
 
+TEST_F(TTabelaTest, ClosingDoesNotTakeAwayARowThatIsBeingTyped)
+{
+    auto& tbCor = tabela.Tabela("tbCor");
+    tbCor.Open();
+    tbCor.Append();
+    tbCor.FieldByName("COR").Set("000009");
+    tabela.FechaTabela("tbCor");
+    EXPECT_EQ(tbCor.FieldByName("COR").AsString(), "000009");
+    tbCor.Cancel();
+    tabela.FechaTabela("tbCor");
+    EXPECT_FALSE(tbCor.Active());
+}
+
+TEST_F(TTabelaTest, ADatasetThatIsOpenedAgainIsWhole)
+{
+    auto& tbCor = tabela.Tabela("tbCor");
+    tbCor.Open();
+    tbCor.Restrict("COR", {"2"});
+    tbCor.FilterBy("DESCRICAO", "Azul");
+    tbCor.SortBy("DESCRICAO");
+    tabela.FechaTabela("tbCor");
+    tabela.AbreTabela("tbCor");
+    EXPECT_FALSE(tbCor.Filtered());
+    EXPECT_TRUE(tbCor.Order().empty());
+    tbCor.RecordCount();
+    EXPECT_EQ(db.Statements.back(), "SELECT COR, DESCRICAO FROM {CADCOR} ORDER BY COR");
+}
+
 TEST_F(TTabelaTest, AnUnknownNameIsAMistakeOfTheProgram)
 {
     EXPECT_THROW(tabela.AbreTabela("tbNada"), std::logic_error);

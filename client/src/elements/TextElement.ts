@@ -54,6 +54,7 @@ export abstract class TextElement extends ControlElement {
             ?disabled=${this.disabled}
             @input=${this.edited}
             @beforeinput=${this.aboutToEdit}
+            @paste=${this.pasted}
             @pointerdown=${this.pointed}
         />`;
     }
@@ -100,7 +101,7 @@ export abstract class TextElement extends ControlElement {
         if (!field || this.fixed || this.typedSpecially(text)) return;
         const characters = this.hearsKeys ? [...text] : [text];
         for (const typed of characters) {
-            field.setRangeText(typed, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
+            insert(field, typed);
             this.changed([...typed].length === 1 ? typed : "", { kind: "text", text: typed });
         }
     }
@@ -121,12 +122,23 @@ export abstract class TextElement extends ControlElement {
         if (!this.focusedByServer) session.send({ event: "focus", ...this.address });
     }
 
+    /** As it was copied: a field of one line would lose the ends of the lines. */
+    protected readonly pasted = (event: ClipboardEvent): void => {
+        event.preventDefault();
+        const text = event.clipboardData?.getData("text/plain") ?? "";
+        if (text !== "") this.type(text);
+    };
+
     protected aboutToEdit(event: InputEvent): void {
         if (!event.isComposing && event.data && this.typedSpecially(event.data)) event.preventDefault();
     }
 
+    override hasFocus(): boolean {
+        return document.activeElement === this.field;
+    }
+
     protected edited(event: InputEvent): void {
-        if (event.isComposing) return;
+        if (event.isComposing || inserting) return;
         const typed = event.data ?? (event.inputType.startsWith("insert") ? (event.dataTransfer?.getData("text") ?? "") : "");
         const action: Action[] = typed === "" ? deletion(event.inputType) : [{ kind: "text", text: typed }];
         this.changed([...typed].length === 1 ? typed : "", ...action);
@@ -147,6 +159,16 @@ export abstract class TextElement extends ControlElement {
         const heard = this.hearsKeys && key !== "" ? { key: key === " " ? "Space" : key } : {};
         session.send({ event: "text", ...this.address, text, ...heard }, ...actions);
     }
+}
+
+let inserting = false;
+
+/** In the place of what is marked, as the browser does it, so that it can be undone. */
+function insert(field: Field, text: string): void {
+    inserting = true;
+    const done = document.activeElement === field && document.execCommand("insertText", false, text);
+    inserting = false;
+    if (!done) field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
 }
 
 function deletion(inputType: string): Action[] {

@@ -1,14 +1,17 @@
 import { html, LitElement, nothing, type TemplateResult } from "lit";
 import { customElement } from "lit/decorators.js";
 import { repeat } from "lit/directives/repeat.js";
+import { preferences } from "../Preferences";
 import type { Dialog, Screen } from "../Screens";
 import { session } from "../Session";
+import { openMenuSearch } from "./al-menu-search";
+import { openUserMenu } from "./userMenu";
 import { plainCaption } from "./caption";
 import { renderControl } from "./renderControl";
 
-const patience = 400;
+const keepFocus = (event: Event) => event.preventDefault();
 
-/** The main window: the open screens as tabs, what is modal above them, and the line to the server. */
+/** The main window: login, menu, the open screens as tabs, what is modal above them, and the line to the server. */
 @customElement("al-app")
 export class AppElement extends LitElement {
     protected override createRenderRoot(): HTMLElement {
@@ -18,25 +21,37 @@ export class AppElement extends LitElement {
     override connectedCallback(): void {
         super.connectedCallback();
         session.addEventListener("change", this.changed);
-        session.addEventListener("tick", this.changed);
+        session.addEventListener("tick", this.ticked);
         session.addEventListener("idle", this.showIdle);
+        preferences.addEventListener("change", this.changed);
     }
 
     override disconnectedCallback(): void {
         super.disconnectedCallback();
         session.removeEventListener("change", this.changed);
-        session.removeEventListener("tick", this.changed);
+        session.removeEventListener("tick", this.ticked);
         session.removeEventListener("idle", this.showIdle);
+        preferences.removeEventListener("change", this.changed);
     }
 
     private readonly changed = () => this.requestUpdate();
+
+    private readonly ticked = () => {
+        if (session.line === "lost") this.requestUpdate();
+    };
 
     /** Programs that drive the page wait for it. */
     private readonly showIdle = () => {
         this.dataset["idle"] = String(session.idle);
     };
 
-    protected override render(): TemplateResult {
+    protected override render(): TemplateResult | typeof nothing {
+        if (session.line === "asking") return nothing;
+        if (session.line === "out") return html`<al-login></al-login>`;
+        return this.renderWindow();
+    }
+
+    private renderWindow(): TemplateResult {
         const screens = [...session.screens.open.values()];
         const modal = screens.filter((screen) => screen.modal);
         const tabs = screens.filter((screen) => !screen.modal);
@@ -44,28 +59,52 @@ export class AppElement extends LitElement {
         const { dialogs } = session.screens;
         const covered = modal.length > 0 || dialogs.length > 0;
         document.title = front ? `${plainCaption(front.root.text("caption"))} – ${session.screens.title}` : session.screens.title;
+        this.toggleAttribute("data-menu", this.menuShown(tabs.length));
         return html`
             <header ?inert=${covered}>
+                <button type="button" class="menu-button" tabindex="-1" title="Menu" aria-label="Menu" aria-expanded=${this.menuShown(tabs.length)}
+                    @pointerdown=${keepFocus} @click=${this.toggleMenu}><svg viewBox="0 0 16 16" aria-hidden="true"><path d="M2 4h12M2 8h12M2 12h12" /></svg></button>
                 <img src="/icon.svg" alt="" width="22" height="22" /><strong>${session.screens.title}</strong>
-                <nav class="screens" role="tablist" aria-label="Telas abertas">
+                <div class="screens" role="tablist" aria-label="Telas abertas">
                     ${repeat(tabs, ({ name }) => name, (screen) => this.renderTab(screen, screen === front))}
-                </nav>
+                </div>
+                <button type="button" class="user-button" tabindex="-1" aria-haspopup="menu" @pointerdown=${keepFocus} @click=${openUserMenu}>
+                    <span class="initial" aria-hidden="true">${session.user.name.charAt(0)}</span><span>${session.user.name || "Usuário"}</span></button>
             </header>
+            ${this.menuShown(tabs.length) ? html`<al-menu ?inert=${covered}></al-menu>` : nothing}
             <main ?inert=${covered}>
-                ${repeat(tabs, ({ name }) => name, (screen) => html`<section class="screen" ?hidden=${screen !== front}>${renderControl(screen.root)}</section>`)}
+                ${repeat(tabs, ({ name }) => name, (screen) => html`<section class="screen" aria-label=${plainCaption(screen.root.text("caption"))}
+                    ?hidden=${screen !== front}>${renderControl(screen.root)}</section>`)}
+                ${tabs.length === 0 ? this.renderNothingOpen() : nothing}
             </main>
             ${repeat(modal, ({ name }) => name, (screen, index) => this.renderModal(screen, index < modal.length - 1 || dialogs.length > 0))}
             ${repeat(dialogs, ({ state }) => state.dialog, (dialog, index) => this.renderDialog(dialog, index < dialogs.length - 1))}
             ${this.renderLine()}
-            <footer role="status">${session.notice}${this.renderBusy()}</footer>
+            <al-status></al-status>
         `;
     }
 
+    private menuShown(screens: number): boolean {
+        return screens === 0 || preferences.flag("menu", innerWidth >= 1600);
+    }
+
+    private readonly toggleMenu = () => preferences.set("menu", !preferences.flag("menu", innerWidth >= 1600));
+
     private renderTab(screen: Screen, front: boolean): TemplateResult {
-        return html`<button type="button" role="tab" class="tab" aria-selected=${front}
-            @pointerdown=${(event: Event) => event.preventDefault()}
-            @click=${() => session.send({ event: "activate", form: screen.name })}
-        >${plainCaption(screen.root.text("caption"))}</button>`;
+        const title = plainCaption(screen.root.text("caption"));
+        return html`<div class="tab-and-close ${front ? "front" : ""}" role="presentation">
+            <button type="button" role="tab" class="tab" aria-selected=${front} tabindex="-1" @pointerdown=${keepFocus}
+                @click=${() => session.send({ event: "activate", form: screen.name })}>${title}</button>
+            <button type="button" class="close" tabindex="-1" title="Fechar (Ctrl+F4)" aria-hidden="true" @pointerdown=${keepFocus}
+                @click=${() => session.send({ event: "close", form: screen.name })}>×</button>
+        </div>`;
+    }
+
+    private renderNothingOpen(): TemplateResult {
+        return html`<div class="empty">
+            <p>Nenhuma tela aberta.</p>
+            <button type="button" class="button" @click=${openMenuSearch}><span>Procurar tela</span><kbd>Ctrl+K</kbd></button>
+        </div>`;
     }
 
     private renderModal(screen: Screen, covered: boolean): TemplateResult {
@@ -76,29 +115,37 @@ export class AppElement extends LitElement {
     }
 
     private renderDialog(dialog: Dialog, covered: boolean): TemplateResult {
-        const box = dialog.state.kind === "lookup"
-            ? html`<al-lookup .dialog=${dialog}></al-lookup>`
-            : html`<al-message .dialog=${dialog}></al-message>`;
-        return html`<div class="cover" ?inert=${covered}>${box}</div>`;
+        return html`<div class="cover" ?inert=${covered}>${boxOf(dialog)}</div>`;
     }
 
     private renderLine(): TemplateResult | typeof nothing {
         switch (session.line) {
-            case "connected":
-                return nothing;
             case "connecting":
-                return html`<div class="line" role="status">Sem conexão com o servidor. Tentando novamente…</div>`;
+                return html`<div class="line unheld" role="status">Conectando…</div>`;
+            case "lost":
+                return html`<div class="line unheld" role="status">Conexão perdida há ${session.lostFor} s. Reconectando… O que for digitado não se perde.</div>`;
             case "replaced":
-                return html`<div class="line" role="alert">Esta sessão foi aberta em outra janela.
+                return html`<div class="line unheld" role="alert">Esta sessão foi aberta em outra janela.
                     <button type="button" class="button" @click=${() => session.takeOver()}><span>Usar aqui</span></button></div>`;
             case "ended":
-                return html`<div class="line" role="alert">A sessão terminou.
+                return html`<div class="line unheld" role="alert"><span>A sessão terminou. ${session.farewell}</span>
                     <button type="button" class="button" @click=${() => location.reload()}><span>Entrar novamente</span></button></div>`;
+            default:
+                return nothing;
         }
     }
+}
 
-    private renderBusy(): TemplateResult | typeof nothing {
-        if (session.pendingFor < patience || session.line !== "connected") return nothing;
-        return html`<span class="busy">Processando… ${Math.floor(session.pendingFor / 1000)} s</span>`;
+function boxOf(dialog: Dialog): TemplateResult {
+    switch (dialog.state.kind) {
+        case "lookup":
+            return html`<al-lookup .dialog=${dialog}></al-lookup>`;
+        case "file":
+            return html`<al-file .dialog=${dialog}></al-file>`;
+        case "picture":
+        case "report":
+            return html`<al-viewer .dialog=${dialog}></al-viewer>`;
+        default:
+            return html`<al-message .dialog=${dialog}></al-message>`;
     }
 }

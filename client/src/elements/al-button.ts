@@ -13,14 +13,14 @@ export class ButtonElement extends ControlElement {
             data-focus
             type="button"
             class="button ${this.control.text("role")}"
-            aria-label=${plainCaption(text) || this.control.text("hint") || this.control.name}
+            aria-label=${plainCaption(text) === "" ? this.control.text("hint") || this.control.name : nothing}
             aria-keyshortcuts=${shortcut || nothing}
             ?disabled=${this.disabled}
             @pointerdown=${(event: Event) => event.preventDefault()}
             @mousedown=${(event: Event) => event.preventDefault()}
             @click=${this.clicked}
         >
-            <span>${caption(text)}</span>${shortcut === "" ? nothing : html`<kbd>${shortcut}</kbd>`}
+            <span>${caption(text)}</span>${shortcut === "" ? nothing : html`<kbd aria-hidden="true">${shortcut}</kbd>`}
         </button>`;
     }
 

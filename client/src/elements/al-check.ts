@@ -1,4 +1,4 @@
-import { html, type TemplateResult } from "lit";
+import { html, nothing, type TemplateResult } from "lit";
 import { customElement } from "lit/decorators.js";
 import { live } from "lit/directives/live.js";
 import { session } from "../Session";
@@ -16,7 +16,7 @@ export class CheckElement extends ControlElement {
                 type=${radio ? "radio" : "checkbox"}
                 .checked=${live(this.control.flag("checked"))}
                 ?disabled=${this.disabled}
-                aria-readonly=${this.control.flag("readOnly")}
+                aria-readonly=${radio ? nothing : this.control.flag("readOnly")}
                 @click=${this.clicked}
             /><span>${caption(this.control.text("caption"))}</span>
         </label>`;

@@ -42,6 +42,7 @@ export class ComboElement extends TextElement {
                 aria-readonly=${this.control.flag("readOnly")}
                 ?disabled=${this.disabled}
                 @input=${this.edited}
+                @paste=${this.pasted}
                 @pointerdown=${this.pointed}
                 @click=${() => !this.editable && this.toggle()}
                 @blur=${() => (this.open = false)}

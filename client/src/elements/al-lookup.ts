@@ -1,10 +1,10 @@
 import { html, type TemplateResult } from "lit";
 import { customElement, state } from "lit/decorators.js";
+import { rowPixels } from "../appearance";
 import type { Button } from "../protocol";
 import { session } from "../Session";
 import { buttonTexts, DialogElement } from "./DialogElement";
 
-const rowPixels = 26;
 const linesSeen = 14;
 
 /** Rows to pick from, with a search as one types. */
@@ -24,7 +24,7 @@ export class LookupElement extends DialogElement {
             <h2 id="dialog-title">${state.title}</h2>
             <input class="field search" type="search" autocomplete="off" spellcheck="false" placeholder="Pesquisar"
                 aria-label="Pesquisar" aria-controls="lookup-rows" .value=${state.value} @input=${this.search} />
-            <div class="lookup-rows" id="lookup-rows" style="height: ${(linesSeen + 1) * rowPixels}px" @scroll=${this.askForRows}>
+            <div class="lookup-rows" id="lookup-rows" style="height: ${(linesSeen + 1) * rowPixels()}px" @scroll=${this.askForRows}>
                 <table>
                     <thead><tr>${state.columns?.map((column) => html`<th class=${column.number ? "number" : ""}>${column.title}</th>`)}</tr></thead>
                     <tbody>${this.renderRows()}</tbody>
@@ -59,7 +59,7 @@ export class LookupElement extends DialogElement {
                 ${texts.map((text, index) => html`<td class=${state.columns?.[index]?.number ? "number" : ""}>${text}</td>`)}
             </tr>`);
         }
-        const space = (count: number) => (count > 0 ? [html`<tr class="space"><td style="height: ${count * rowPixels}px"></td></tr>`] : []);
+        const space = (count: number) => (count > 0 ? [html`<tr class="space"><td style="height: ${count * rowPixels()}px"></td></tr>`] : []);
         return [...space(rows.first), ...lines, ...space(rows.count - end)];
     }
 
@@ -108,7 +108,7 @@ export class LookupElement extends DialogElement {
     }
 
     private readonly askForRows = (event: Event) => {
-        const top = Math.floor((event.target as HTMLElement).scrollTop / rowPixels);
+        const top = Math.floor((event.target as HTMLElement).scrollTop / rowPixels());
         const { rows } = this.dialog;
         if (rows.count > 0 && !rows.has(top, linesSeen)) this.askAround(top);
     };

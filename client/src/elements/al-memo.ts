@@ -19,6 +19,7 @@ export class MemoElement extends TextElement {
             ?readonly=${this.fixed}
             ?disabled=${this.disabled}
             @input=${this.edited}
+            @paste=${this.pasted}
             @pointerdown=${this.pointed}
         ></textarea>`;
     }

@@ -13,8 +13,9 @@ export class PagesElement extends ControlElement {
         const pages = this.control.children;
         const active = this.control.number("activePage");
         const front = pages[active];
+        const alone = pages.filter((page) => page.flag("visible")).length === 1;
         return html`
-            <div role="tablist" class="tabs" aria-label=${plainCaption(this.control.text("caption")) || "Páginas"}>
+            <div role="tablist" class="tabs" ?hidden=${alone} aria-label=${plainCaption(this.control.text("caption")) || "Páginas"}>
                 ${pages.map((page, index) => this.renderTab(page, index, index === active))}
             </div>
             ${front ? html`<div role="tabpanel" class="page" aria-label=${plainCaption(front.text("caption"))}>${renderControls(front)}</div>` : ""}

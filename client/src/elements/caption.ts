@@ -14,3 +14,8 @@ export function plainCaption(text: string): string {
 }
 
 const plain = plainCaption;
+
+/** That Alt reaches it by; empty when it has none. */
+export function letterOf(text: string): string {
+    return /^(?:[^&]|&&)*&([^&])/su.exec(text)?.[1] ?? "";
+}

@@ -14,6 +14,8 @@ const elements: Readonly<Record<string, (control: Control) => TemplateResult>> =
     radioGroup: (control) => html`<al-radio-group .control=${control}></al-radio-group>`,
     button: (control) => html`<al-button .control=${control}></al-button>`,
     label: (control) => html`<al-label .control=${control}></al-label>`,
+    image: (control) => html`<al-image .control=${control}></al-image>`,
+    files: (control) => html`<al-files .control=${control}></al-files>`,
     pages: (control) => html`<al-pages .control=${control}></al-pages>`,
     grid: (control) => html`<al-grid .control=${control}></al-grid>`,
 };

@@ -16,7 +16,7 @@ namespace alinhavo {
 /// Sections and keys are found without regard to case; values are taken without blanks around them.
 class TConfiguration {
 public:
-    /// Without a file: only defaults.
+    /// Without a file: only defaults, and the current folder is the root of the shared files.
     TConfiguration() = default;
     /// A file that is not there leaves everything at its default. std::runtime_error, which names file and line, when a
     /// line is neither a section, a key with its value nor a comment.
@@ -31,7 +31,7 @@ public:
 private:
     void Read(std::string_view line, std::string& section, const std::string& place);
 
-    std::filesystem::path folder_;
+    std::filesystem::path folder_ = ".";
     std::map<std::string, std::string> values_; ///< by "section.key" in lower case
 };
 

@@ -105,7 +105,8 @@ bool TRfidReader::BuscarDados(std::string_view number, TMemTable& rows, std::str
 std::vector<TRfidItem> TRfidReader::Fetch(std::string_view number, std::string_view tipo) const
 {
     const auto answer = HttpGet({
-        .url = address_ + "/batches/" + UrlEscaped(Trim(number)) + "?type=" + UrlEscaped(tipo),
+        .url = address_ + "/batches/" + UrlEscaped(Trim(number)) + "?type=" + UrlEscaped(tipo)
+            + "&supplier=" + UrlEscaped(Fornecedor),
         .headers = {"Accept: application/json", "X-Api-Key: " + key_},
     });
     if (answer.status != 200)

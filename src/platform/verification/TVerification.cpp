@@ -35,10 +35,12 @@ std::vector<TInvariant> LinesAgainstHistory()
                                  WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
                                    AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
                                    AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR))
+                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR)
+                    AND EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
-        // A position of the first sector and one of a reprocess can be deleted after they were moved. The innermost condition
-        // names the position, so that only movements without one are compared with the others of their order.
+        // A position of the first sector and one of a reprocess can be deleted after they were moved. So can one that only
+        // losses have left: the reversal of a movement whose number tells no position takes one with as many pieces. The
+        // innermost condition names the position, so that only movements without one are compared with the others of their order.
         {"historico_de_posicao_excluida", Remark, "A posição de que o movimento saiu foi excluída", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
@@ -49,7 +51,8 @@ std::vector<TInvariant> LinesAgainstHistory()
                                     WHERE F.IDENTIFICADOR IS NULL AND E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
                                       AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
                                       AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR))
+                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR)
+                    OR NOT EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
         // The lines of other parts that leave the last sector with the grid's have a history without a reprocess column,
         // and are written even when nothing is left for them.
@@ -152,6 +155,16 @@ std::vector<TInvariant> TreeOfLines()
             SELECT NUMERO, OP, PARTE
               FROM {FACCAO} WHERE COALESCE(COR, '') = '' OR COALESCE(TAM, '') = ''
              GROUP BY NUMERO, OP, PARTE ORDER BY NUMERO, OP, PARTE)"},
+        // A reversal takes the packets along with their position; the user may delete a position and leave them.
+        {"pacote_sem_posicao", Remark, "O pacote é de uma posição que não existe", R"(
+            SELECT K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM
+              FROM {PCP_PACOTE} K
+             WHERE NOT EXISTS (SELECT 1 FROM {FACCAO} F
+                                WHERE F.NUMERO = K.NUMERO AND F.OP = K.SETOR AND F.PARTE = COALESCE(K.PARTE, F.PARTE)
+                                  AND (COALESCE(K.MOV, 0) = 0 OR F.MOV = K.MOV)
+                                  AND COALESCE(F.COR, '') IN ('', K.COR) AND COALESCE(F.TAM, '') IN ('', K.TAM))
+             GROUP BY K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM
+             ORDER BY K.NUMERO, K.SETOR, K.PARTE, K.MOV, K.COR, K.TAM)"},
     };
 }
 

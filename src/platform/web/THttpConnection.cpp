@@ -54,7 +54,8 @@ void THttpConnection::Received(beast::error_code error)
 
 void THttpConnection::BecomeMessages(const THttpRequest& request)
 {
-    if (request.target() != beast::string_view(SessionPath.data(), SessionPath.size()))
+    const auto target = request.target();
+    if (std::string_view(target.data(), target.size()).substr(0, target.find('?')) != SessionPath)
         return Answer(AnswerText(request, http::status::not_found, "Página não encontrada."));
     if (!FromOwnPage(request))
         return Answer(AnswerText(request, http::status::forbidden, "Acesso negado a partir de outra página."));

@@ -198,7 +198,7 @@ bool TWebSession::CarryOut(TClientMessage& message)
         return false;
     }
     if (message.turn != turn_) {
-        passed_.push_back(message.number);
+        PassOver(message.number);
         return false;
     }
     if (message.dialog != dialogs_.Top()) {
@@ -207,6 +207,14 @@ bool TWebSession::CarryOut(TClientMessage& message)
     }
     NoteEntered(message.event);
     return true;
+}
+
+void TWebSession::PassOver(std::int64_t number)
+{
+    passed_.push_back(number);
+    passedLately_.push_back(number);
+    while (passedLately_.front() <= number - static_cast<std::int64_t>(MaxWaiting))
+        passedLately_.pop_front();
 }
 
 void TWebSession::GiveRows(const TClientMessage& message)
@@ -358,6 +366,7 @@ void TWebSession::TellEverything()
         if (form->Showing())
             shown_.push_back(form);
     }
+    passed_ = passedLately_;
     focusTold_ = false;
     doneTold_ = -1;
     Tell();

@@ -91,6 +91,7 @@ private:
     bool Take(TClientMessage& message);
     bool CarryOut(TClientMessage& message);
     TUserEvent Begin(TUserEvent event, std::int64_t number);
+    void PassOver(std::int64_t number);
     void GiveRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
     /// Begins a new turn when what the user types would go elsewhere, or into another text, than the client was told.
@@ -128,6 +129,7 @@ private:
     std::set<const TControl*> changedSet_;
     nlohmann::json refused_ = nlohmann::json::array();
     nlohmann::json passed_ = nlohmann::json::array();
+    std::deque<std::int64_t> passedLately_; ///< the line may have been cut before the client heard of them
     std::vector<TInWork> handling_; ///< the innermost last
     std::optional<TInWork> following_; ///< what a key typed whose handlers did not swallow it
     std::int64_t done_ = 0;

@@ -94,6 +94,7 @@ protected:
         Funcoes().GravaAjuste("RFID", "endereco", service.Url() + "/");
         Funcoes().GravaAjuste("RFID", "chave", "segredo");
         EXPECT_TRUE(Reader().BuscarParametros());
+        Reader().Fornecedor = "Mozaiko";
         std::string error;
         const bool good = Reader().BuscarDados("77/1", rows, error, "F");
         EXPECT_EQ(good, error.empty());
@@ -138,7 +139,7 @@ TEST_P(TOutsideTest, ABatchFillsTheTable)
     EXPECT_EQ(rows.Codigo.value(), "7891234567895");
     rows.Next();
     EXPECT_EQ(rows.Qtde.value(), 5.5);
-    EXPECT_TRUE(request.starts_with("GET /batches/77%2F1?type=F HTTP/1.1\r\n")) << request;
+    EXPECT_TRUE(request.starts_with("GET /batches/77%2F1?type=F&supplier=Mozaiko HTTP/1.1\r\n")) << request;
     EXPECT_NE(request.find("X-Api-Key: segredo\r\n"), std::string::npos);
 }
 

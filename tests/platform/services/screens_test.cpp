@@ -93,6 +93,17 @@ TEST_P(TScreensTest, ALookupOffersItsTableByKey)
     EXPECT_TRUE(screen->PqCor.RetornoPesquisa("COR").IsNull());
 }
 
+TEST_P(TScreensTest, ALongDescriptionIsShownAndSearchedToo)
+{
+    Sql("INSERT INTO {ROTEIRO} (CODIGO, DESCRICAO) VALUES ('001', 'MALHA')");
+    Sql("INSERT INTO {ROTEIRO} (CODIGO, DESCRICAO) VALUES ('002', 'CAMISARIA')");
+    TPesquisa flows(*screen, "PqFluxo", {.BuscaTabela = "ROTEIRO", .BuscaCampo = "CODIGO"});
+    user.Searches("camis");
+    user.Says(TModalResult::Cancel);
+    Do([&] { flows.AbrePesquisa(); });
+    EXPECT_EQ(user.Offered, TCodes{"002"});
+}
+
 TEST_P(TScreensTest, AnUnknownColumnOfALookupIsNull)
 {
     user.Picks({0});

@@ -112,6 +112,11 @@ TEST(TConfiguration, ALineThatSaysNothingIsNamed)
     }
 }
 
+TEST(TConfiguration, WithoutAFileTheSharedFilesAreInTheCurrentFolder)
+{
+    EXPECT_EQ(TConfiguration().SharedRoot(), (std::filesystem::current_path() / "").lexically_normal());
+}
+
 TEST(TConfiguration, AMissingFileLeavesTheDefaults)
 {
     const auto configuration = TConfiguration::Load("/nao/existe/alinhavo.ini");

@@ -79,6 +79,12 @@ std::vector<TPlanting> PlantingsInTree()
             {{Remark, "setor_fora_do_fluxo", "NUMERO=000001 OP=40 PARTE=01 FLUXO=001"}}},
         {"grade_parcial", {Insert(TPosition{.size = "", .sector = "10"})},
             {{Remark, "grade_parcial", "NUMERO=000001 OP=10 PARTE=01"}}},
+        {"pacote_sem_posicao",
+            {{"INSERT INTO {PCP_PACOTE} (NUMERO, PARTE, SETOR, MOV, PACOTE, COR, TAM, QTDE) VALUES ('000001', '01', "
+              "'30', 2, '001', 'AZUL', 'M', 1)"},
+                {"INSERT INTO {PCP_PACOTE} (NUMERO, PARTE, SETOR, MOV, PACOTE, COR, TAM, QTDE) VALUES ('000001', '01', "
+                 "'30', 9, '001', 'AZUL', 'M', 1)"}},
+            {{Remark, "pacote_sem_posicao", "NUMERO=000001 SETOR=30 PARTE=01 MOV=9 COR=AZUL TAM=M"}}},
     };
 }
 

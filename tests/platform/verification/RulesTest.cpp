@@ -137,6 +137,17 @@ TEST_P(Rules, APositionThatIsLostAfterOthersFedItIsAnError)
     EXPECT_THAT(Checks(Error), ElementsAre("origem_do_historico"));
 }
 
+TEST_P(Rules, APositionThatOnlyLossesHaveLeftMayBeTakenByAReversal)
+{
+    Execute({
+        {"UPDATE {FACCAO3} SET QUANT = 0, QUANT_2 = 4, VALOR = 0, ESTOQUE = 'N' WHERE IDENTIFICADOR = 3"},
+        {"UPDATE {OF_ITEN} SET QTDE_B = 0, QTDE_C = 6"},
+        {"DELETE FROM {FACCAO} WHERE IDENTIFICADOR = 3"},
+    });
+    EXPECT_THAT(Checks(Error), IsEmpty());
+    EXPECT_THAT(Checks(Remark), ElementsAre("historico_de_posicao_excluida"));
+}
+
 TEST_P(Rules, AMovementWithoutAnySourceIsAnError)
 {
     Execute({{"UPDATE {FACCAO3} SET ID_ANT = NULL WHERE IDENTIFICADOR = 1"}});

@@ -318,6 +318,17 @@ TEST_F(WebServer, AClientThatComesBackFindsItsWork)
     EXPECT_EQ(server_->SessionCount(), 1U);
 }
 
+TEST_F(WebServer, AClientThatComesBackLearnsWhatWasPassedOver)
+{
+    TWebClient client(Port());
+    client.Send(On("key", "edtPrimeiro", {{"key", "Enter"}}));
+    const int late = client.Send(On("text", "edtPrimeiro", {{"text", "late"}}));
+    client.ReceiveDone(late);
+    const TWebClient again(Port(), {.cookie = client.Cookie()});
+    EXPECT_EQ(again.State()["done"], late);
+    EXPECT_EQ(again.State()["passed"], nlohmann::json::array({late}));
+}
+
 TEST_F(WebServer, ASecondClientOfASessionReplacesTheFirst)
 {
     TWebClient first(Port());

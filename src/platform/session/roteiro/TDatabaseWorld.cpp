@@ -17,9 +17,10 @@ constexpr std::string_view company = "01";
 
 } // namespace
 
-TDatabaseWorld::TDatabaseWorld(TDatabaseCopies& copies, TScreenRegistry registerScreens)
+TDatabaseWorld::TDatabaseWorld(TDatabaseCopies& copies, TScreenRegistry registerScreens, TReportFolders reports)
     : copies_(copies)
     , registerScreens_(std::move(registerScreens))
+    , reports_(std::move(reports))
 {
 }
 
@@ -112,6 +113,7 @@ std::unique_ptr<IPlayedSession> TDatabaseWorld::LogIn(const std::string& name)
             .rfid = rfid_.IsEmpty() ? nullptr : &rfid_,
             .registerScreens = registerScreens_,
             .now = now_,
+            .reports = reports_,
         });
 }
 

@@ -4,6 +4,7 @@
 #include "platform/services/TTrustedPasswords.h"
 #include "platform/session/roteiro/IWorld.h"
 #include "platform/session/roteiro/TDatabaseCopies.h"
+#include "platform/session/roteiro/TReportNotes.h"
 #include "platform/session/roteiro/TRfidBatches.h"
 
 #include <functional>
@@ -19,7 +20,7 @@ using TScreenRegistry = std::function<void(TApplication&)>;
 /// The world of one roteiro: a database of its own, which ends with it, and a connection beside those of its sessions.
 class TDatabaseWorld final : public IWorld {
 public:
-    TDatabaseWorld(TDatabaseCopies& copies, TScreenRegistry registerScreens);
+    TDatabaseWorld(TDatabaseCopies& copies, TScreenRegistry registerScreens, TReportFolders reports);
     ~TDatabaseWorld() override;
 
     void Begin(TFactory factory) override;
@@ -38,6 +39,7 @@ private:
 
     TDatabaseCopies& copies_;
     TScreenRegistry registerScreens_;
+    TReportFolders reports_;
     std::filesystem::path folder_;
     TConfiguration configuration_;
     TTrustedPasswords passwords_;

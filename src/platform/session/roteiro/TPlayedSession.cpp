@@ -9,6 +9,7 @@ namespace alinhavo::roteiro {
 TPlayedSession::TPlayedSession(
     std::unique_ptr<TSqlDatabase> database, TSessionUser user, const std::string& company, const TGround& ground)
     : database_(std::move(database))
+    , reports_(ground.reports, ground.configuration.SharedRoot())
 {
     database_->OnStatement = [this](const TStatement& statement) { failures_.Count(statement); };
     thread_ = std::make_unique<TSessionThread>([&](IEventSource& source) {

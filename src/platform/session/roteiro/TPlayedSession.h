@@ -19,6 +19,7 @@ public:
         TOrvRFID* rfid; ///< null: the reader service itself
         std::function<void(TApplication&)> registerScreens;
         TDateTime now; ///< blank: the clock's
+        TReportFolders reports;
     };
 
     TPlayedSession(

@@ -14,6 +14,7 @@ bool TRfidBatches::BuscarDados(std::string_view number, TMemTable& rows, std::st
         error = *batch.failure;
         return false;
     }
+    rows.EmptyTable();
     for (const auto& reading : batch.readings) {
         rows.Append();
         rows.FieldByName("CODIGO").Set(reading.code);

@@ -80,7 +80,7 @@ std::vector<TFailure> TSuite::PlayFile(const fs::path& file)
 {
     try {
         const auto lines = TParser::ParseFile(file);
-        TDatabaseWorld world(copies_, registerScreens_);
+        TDatabaseWorld world(copies_, registerScreens_, reports_);
         return TRunner(world).Run(lines);
     } catch (const ERoteiro& error) {
         return {{error.Place(), {}, {"a line of the language", error.what()}}};

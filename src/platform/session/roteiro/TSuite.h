@@ -12,9 +12,10 @@ namespace alinhavo::roteiro {
 /// Plays files, each in a world of its own, several at once.
 class TSuite {
 public:
-    TSuite(TDatabaseCopies& copies, TScreenRegistry registerScreens)
+    TSuite(TDatabaseCopies& copies, TScreenRegistry registerScreens, TReportFolders reports = {})
         : copies_(copies)
         , registerScreens_(std::move(registerScreens))
+        , reports_(std::move(reports))
     {
     }
 
@@ -29,6 +30,7 @@ private:
 
     TDatabaseCopies& copies_;
     TScreenRegistry registerScreens_;
+    TReportFolders reports_;
 };
 
 } // namespace alinhavo::roteiro

@@ -1,0 +1,81 @@
+import { LitElement } from "lit";
+import { isEditing, typedText } from "../keys";
+import { session, type Overlay } from "../Session";
+
+/** Something of the client's own above the screens: it takes the keyboard and gives it back when it is closed. */
+export abstract class OverlayElement extends LitElement implements Overlay {
+    protected override createRenderRoot(): HTMLElement {
+        return this;
+    }
+
+    override connectedCallback(): void {
+        super.connectedCallback();
+        session.openOverlay(this);
+        document.addEventListener("pointerdown", this.pressedElsewhere, true);
+    }
+
+    override disconnectedCallback(): void {
+        super.disconnectedCallback();
+        session.closeOverlay(this);
+        document.removeEventListener("pointerdown", this.pressedElsewhere, true);
+    }
+
+    private readonly pressedElsewhere = (event: Event) => {
+        if (event.target instanceof Node && !this.contains(event.target)) this.close();
+    };
+
+    close(): void {
+        this.remove();
+    }
+
+    protected get field(): HTMLInputElement | null {
+        return this.querySelector("input");
+    }
+
+    keeps(key: string): boolean {
+        return document.activeElement === this.field && this.field !== null && (typedText(key) !== null || isEditing(key));
+    }
+
+    press(key: string, _fresh: boolean): void {
+        if (key === "Esc") this.close();
+    }
+
+    type(text: string): void {
+        const { field } = this;
+        if (!field) return;
+        field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
+        field.dispatchEvent(new InputEvent("input"));
+    }
+
+    enter(): void {
+        this.refocus();
+        this.field?.select();
+    }
+
+    refocus(): void {
+        (this.field ?? this.querySelector<HTMLElement>("[tabindex], button"))?.focus();
+    }
+
+    full(): boolean {
+        return false;
+    }
+
+    hasFocus(): boolean {
+        return this.contains(document.activeElement);
+    }
+}
+
+/** On top of everything, at its place when one is given: below it, or where it fits. */
+export function openOverlay<T extends OverlayElement>(overlay: T, at?: DOMRect): T {
+    overlay.classList.add("overlay", "unheld");
+    document.body.append(overlay);
+    if (at) void overlay.updateComplete.then(() => placeBelow(overlay, at));
+    return overlay;
+}
+
+function placeBelow(overlay: HTMLElement, at: DOMRect): void {
+    const { width, height } = overlay.getBoundingClientRect();
+    const below = at.bottom + 3 + height <= innerHeight;
+    overlay.style.left = `${Math.max(4, Math.min(at.left, innerWidth - width - 4))}px`;
+    overlay.style.top = `${below ? at.bottom + 3 : Math.max(4, at.top - height - 3)}px`;
+}

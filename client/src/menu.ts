@@ -1,0 +1,32 @@
+import { preferences } from "./Preferences";
+import type { MenuEntry } from "./protocol";
+import { session } from "./Session";
+
+const favouritesKey = "favoritos";
+
+const plain = (text: string) => text.normalize("NFD").replace(/\p{M}/gu, "").toLocaleLowerCase("pt-BR");
+
+/** Every word that is sought begins a word of the entry. */
+function matches(entry: MenuEntry, sought: string): boolean {
+    const words = plain(`${entry.group} ${entry.caption} ${entry.class}`).split(/[^\p{L}\p{N}]+/u);
+    return plain(sought.trim()).split(/\s+/).every((part) => words.some((word) => word.startsWith(part)));
+}
+
+export const isFavourite = (entry: MenuEntry) => preferences.texts(favouritesKey).includes(entry.class);
+
+export function toggleFavourite(entry: MenuEntry): void {
+    const others = preferences.texts(favouritesKey).filter((name) => name !== entry.class);
+    preferences.set(favouritesKey, isFavourite(entry) ? others : [...others, entry.class]);
+}
+
+/** The user's screens by group, his favourites foremost. */
+export function menuGroups(sought = ""): readonly (readonly [group: string, entries: readonly MenuEntry[]])[] {
+    const found = session.menu.filter((entry) => matches(entry, sought));
+    const groups = new Map<string, MenuEntry[]>();
+    const favourites = found.filter(isFavourite);
+    if (favourites.length > 0) groups.set("Favoritos", favourites);
+    for (const entry of found) groups.set(entry.group, [...(groups.get(entry.group) ?? []), entry]);
+    return [...groups];
+}
+
+export const openScreen = (entry: MenuEntry) => session.send({ event: "open", class: entry.class });

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "host/TprReport.h"
+
+#include <string>
+
+namespace alinhavo {
+
+/// The data behind a report as a workbook (XLSX): a sheet for each dataset with its visible rows and fields, and in its last
+/// line the sums of the fields that the report's groups total. std::runtime_error when it cannot be made.
+std::string Spreadsheet(const TprReportBase& report);
+
+} // namespace alinhavo
