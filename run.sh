@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# run.sh: instala o que falta, compila o Alinhavo, cria a fábrica de demonstração e a põe em funcionamento.
+# run.sh [OPÇÃO…]: instala o que falta, compila o Alinhavo, cria a fábrica de demonstração e a serve aos navegadores. As opções são
+# as do comando servir (--porta 8081, por exemplo).
 set -euo pipefail
 cd "$(dirname "$0")"
 # shellcheck source=scripts/common.sh
@@ -28,5 +29,11 @@ if [ ! -e $banco ]; then
     mv $banco.parcial $banco
 fi
 
-echo "A fábrica de demonstração está em $banco. As telas ainda não abrem no navegador: executando os roteiros."
-exec $alinhavo roteiro tests/roteiros
+if ! scripts/build_client.sh >build/client.log 2>&1; then
+    tail -n 30 build/client.log >&2
+    echo "A compilação do cliente falhou; o registro completo está em build/client.log." >&2
+    exit 1
+fi
+
+echo "A fábrica de demonstração está em $banco. Entre com o usuário ANA e a senha demo."
+exec $alinhavo servir --banco $banco --cliente client/dist "$@"

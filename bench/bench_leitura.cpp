@@ -107,6 +107,53 @@ private:
     std::int64_t dialog_ = 0;
 };
 
+/// The sewing application as a session's only workplace.
+class TSewingPlace final : public IWorkplace {
+public:
+    TSewingPlace(IEventSource& source, IView& view, const TDatabaseAddress& address)
+        : Sewing(source, &view, address)
+    {
+    }
+    TApplication& Application() override { return Sewing; }
+    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
+    TDateTime PendingSince() const override { return {}; }
+    void Cancel() override { }
+
+    TSewingApplication Sewing;
+
+private:
+    std::vector<TMenuEntry> menu_;
+};
+
+/// Opens that workplace, and keeps nothing.
+class TSewingHost final : public ISessionHost {
+public:
+    using TMaker = std::function<std::unique_ptr<IWorkplace>(IEventSource& source, IView& view)>;
+
+    explicit TSewingHost(TMaker maker)
+        : maker_(std::move(maker))
+    {
+    }
+    std::optional<TSessionUser> LogIn(std::string_view, std::string_view) override { return std::nullopt; }
+    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    {
+        return maker_(source, view);
+    }
+    TClientSettings Settings(const TSessionUser&) override { return {}; }
+    void WriteSettings(const TSessionUser&, const TClientSettings&) override { }
+    void LeaveNotice(const TSessionUser&, std::string_view) override { }
+    std::string TakeNotice(const TSessionUser&) override { return {}; }
+
+private:
+    TMaker maker_;
+};
+
+class TNobodyElse final : public TConectados {
+public:
+    std::vector<TConectado> Lista() const override { return {}; }
+    bool Encerra(std::string_view, std::string_view) override { return false; }
+};
+
 /// A session over a fresh database with so many lines.
 class TGround {
 public:
@@ -123,13 +170,7 @@ public:
         for (int tag = 0; tag < Tags; ++tag)
             batch.emplace_back(TSewingApplication::Ean(tag % lines + 1), 1);
         service_.Keeps("77", batch);
-        session_ = std::make_unique<TWebSession>("bench", [this](IEventSource& source, IView& view) {
-            auto application = std::make_unique<TSewingApplication>(source, &view, address_);
-            application->Host.funcoes.GravaAjuste("RFID", "endereco", service_.Url());
-            application->Host.funcoes.GravaAjuste("RFID", "chave", "segredo");
-            screen_ = &application->OpenGrid();
-            return application;
-        });
+        session_ = std::make_unique<TWebSession>("bench", TSessionUser{"ADMIN", "ADMIN"}, host_, others_);
         session_->Attach(browser_);
         browser_->Begin();
         browser_->Does(*session_,
@@ -137,7 +178,7 @@ public:
     }
     ~TGround()
     {
-        session_->End();
+        session_->End({});
         session_->Wait();
         session_.reset();
         DropDatabase(address_);
@@ -185,8 +226,19 @@ private:
         return browser_->Does(*session_, std::move(message));
     }
 
+    std::unique_ptr<IWorkplace> Open(IEventSource& source, IView& view)
+    {
+        auto place = std::make_unique<TSewingPlace>(source, view, address_);
+        place->Sewing.Host.funcoes.GravaAjuste("RFID", "endereco", service_.Url());
+        place->Sewing.Host.funcoes.GravaAjuste("RFID", "chave", "segredo");
+        screen_ = &place->Sewing.OpenGrid();
+        return place;
+    }
+
     TDatabaseAddress address_;
     TReaderService service_;
+    TSewingHost host_{[this](IEventSource& source, IView& view) { return Open(source, view); }};
+    TNobodyElse others_;
     std::shared_ptr<TBrowser> browser_;
     std::unique_ptr<TWebSession> session_;
     TfmFacMov* screen_ = nullptr;

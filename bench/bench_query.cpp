@@ -119,8 +119,9 @@ void LayerWrites(TSqlDatabase& db, int from, int to)
 }
 
 /// `Existe` and `Busca_Valor` as a screen calls them, texts of columns and values included.
-void MeasureFunctions(const char* server, TSqlDatabase& db, TSqlDatabase& preferences)
+void MeasureFunctions(const char* server, TSqlDatabase& db)
 {
+    TPreferences preferences(db);
     const auto configuration = TConfiguration();
     const THashedPasswords passwords;
     TSessionServices services({
@@ -321,7 +322,7 @@ void MeasureFirebird()
         Compare(
             "Firebird: 200,000 rows of 8 columns", 1.15, 1, 1, [&](int, int) { LayerFetch(*db); },
             [&](int, int) { bare.Fetch(); });
-        MeasureFunctions("Firebird", *db, *OpenDatabase(address));
+        MeasureFunctions("Firebird", *db);
     }
     DropDatabase(address);
 }
@@ -344,7 +345,7 @@ void MeasurePostgreSql(const std::string& uri)
         Compare(
             "PostgreSQL: 6,000 writes while work is pending", 1.25, Writes, SliceOfWrites,
             [&](int from, int to) { LayerWrites(*db, from, to); }, [&](int from, int to) { bare.Writes(from, to); });
-        MeasureFunctions("PostgreSQL", *db, *OpenDatabase(address));
+        MeasureFunctions("PostgreSQL", *db);
     }
     DropDatabase(address);
 }

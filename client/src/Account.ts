@@ -39,16 +39,12 @@ export async function ask<T>(method: "GET" | "POST" | "PUT", path: string, body?
     throw new Refusal(response.status, answer.erro ?? `O servidor respondeu ${response.status}.`, answer.pendente === true);
 }
 
-/** Of a server that asks nobody for a password. */
-const anybody: Welcome = { usuario: "", nome: "", sessoes: [] };
-
 /** The user who is logged in; null when nobody is. */
 export async function whoIs(): Promise<Welcome | null> {
     try {
         return await ask<Welcome>("GET", "/quem");
     } catch (error) {
         if (error instanceof Refusal && error.status === 401) return null;
-        if (error instanceof Refusal && error.status === 404) return anybody;
         throw error;
     }
 }

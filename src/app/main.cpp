@@ -1,5 +1,6 @@
 #include "app/command_demo.h"
 #include "app/command_roteiro.h"
+#include "app/command_servir.h"
 #include "app/command_verifica.h"
 
 #include <CLI/CLI.hpp>
@@ -48,6 +49,15 @@ int main(int argc, char** argv)
     roteiroCommand.add_option(
         "--relatorios", roteiro.reports, "Pasta em que ficam os relatórios que os roteiros pedem.");
 
+    TServirOptions servir;
+    CLI::App& servirCommand = *app.add_subcommand("servir", "Atende os navegadores.");
+    servirCommand.add_option("--config", servir.configuration, "Arquivo de configuração.")->capture_default_str();
+    servirCommand.add_option("--banco", servir.database, "Arquivo Firebird ou endereço do banco.");
+    servirCommand.add_option("--endereco", servir.address, "Endereço de rede em que atende.");
+    servirCommand.add_option("--porta", servir.port, "Porta em que atende; 0: qualquer uma livre.");
+    servirCommand.add_option("--cliente", servir.client, "Pasta do cliente compilado.");
+    AddDay(servirCommand, "--hoje", servir.today, "Dia das sessões, DD/MM/AAAA; sem ele, o do relógio.");
+
     TVerificaOptions verifica;
     CLI::App& verificaCommand
         = *app.add_subcommand("verifica", "Confere as tabelas entre si e mostra o que não combina.");
@@ -57,5 +67,7 @@ int main(int argc, char** argv)
     CLI11_PARSE(app, argc, argv);
     if (demoCommand.parsed())
         return RunDemo(demo);
+    if (servirCommand.parsed())
+        return RunServir(servir);
     return roteiroCommand.parsed() ? RunRoteiro(roteiro) : RunVerifica(verifica);
 }

@@ -6,13 +6,8 @@ export class Movement {
         this.screen = screen;
     }
 
-    async open() {
-        const { screen } = this;
-        await screen.press("Control+k");
-        await screen.keyboard.type("movimentacao setores");
-        await screen.press("Enter");
-        await screen.until("the screen is open", async () => (await screen.control("btn00Incluir").count()) > 0);
-        await screen.settled();
+    open() {
+        return this.screen.open("movimentacao setores");
     }
 
     /** Begins an entry with the order, and says that its part enters production now. */

@@ -26,6 +26,16 @@ export class Screen {
         await this.settled();
     }
 
+    /** By the search of the menu; it is in front when this returns. */
+    async open(words) {
+        const tab = this.page.getByRole("tab", { name: titles[this.name], exact: true });
+        await this.press("Control+k");
+        await this.keyboard.type(words);
+        await this.press("Enter");
+        await this.until("the screen is open", async () => (await tab.count()) === 1 && (await tab.getAttribute("aria-selected")) === "true");
+        await this.settled();
+    }
+
     control(name) {
         return this.page.locator(`section:not([hidden]) [data-name="${name}"], .window [data-name="${name}"]`).first();
     }

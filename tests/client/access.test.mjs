@@ -15,7 +15,7 @@ async function seriousFindings(page) {
 }
 
 for (const colorScheme of ["light", "dark"]) {
-    test(`nothing serious on the login page, ${colorScheme}`, { screen: null, colorScheme, needs: "quem" }, async (_screen, { page }) => {
+    test(`nothing serious on the login page, ${colorScheme}`, { screen: null, colorScheme }, async (_screen, { page }) => {
         await page.getByLabel("Usuário").waitFor();
         assert.deepEqual(await seriousFindings(page), []);
     });

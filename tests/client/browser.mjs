@@ -11,22 +11,14 @@ import { createInterface } from "node:readline";
 
 const root = fileURLToPath(new URL("../../", import.meta.url));
 const presets = [process.env.ALINHAVO_BUILD, "release", "debug"].filter(Boolean);
-const built = (name) => presets.map((preset) => `${root}build/${preset}/bin/${name}`).find(existsSync);
+const built = (name) => presets.map((preset) => `${root}build/${preset}/bin/${name}`).find(existsSync) ?? name;
+const program = built("exemplo_servidor");
 const product = built("alinhavo");
 const today = "20/11/2026";
 
 /** Listens on a free port, or on the one given; `stop` returns when it has ended. */
-export async function startServer(port = 0, name = "exemplo_servidor") {
-    const program = built(name);
-    if (!program) throw new Error(`${name} is not built`);
+export async function startServer(port = 0) {
     return serve(program, [`${root}client/dist`, String(port)], (child) => child.stdin.end());
-}
-
-/** True when the product is built and can serve browsers. */
-export async function factoryCanServe() {
-    if (!product) return false;
-    const { stdout } = await promisify(execFile)(product, ["--help"]);
-    return stdout.includes("servir");
 }
 
 /** The product on a demonstration factory of its own, on a fixed day. */
@@ -56,9 +48,6 @@ async function serve(file, options, end) {
     return {
         url: line,
         port: Number(new URL(line).port),
-        async answers(path) {
-            return (await fetch(`${line}${path}`)).status !== 404;
-        },
         async kill() {
             child.kill("SIGKILL");
             await ended;

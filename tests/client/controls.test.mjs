@@ -80,7 +80,7 @@ test("several rows of a lookup are picked", controls, async (screen, { page }) =
     await screen.says("lblFeito", "Cores Az Ci.");
 });
 
-test("a file goes to the server, is shown, and opens in the viewer", { ...controls, needs: "arquivo" }, async (screen, { page }) => {
+test("a file goes to the server, is shown, and opens in the viewer", { ...controls }, async (screen, { page }) => {
     await screen.press("F5");
     await screen.settled();
     await page.locator('input[type="file"]').setInputFiles({ name: "vermelho.png", mimeType: "image/png", buffer: red });
@@ -173,7 +173,7 @@ test("a text is found in a grid", controls, async (screen, { page }) => {
     assert.equal(await screen.control("dbgPecas").locator(".ag-row.current").first().getAttribute("row-index"), "4");
 });
 
-test("order and width of the columns are kept for their user", { ...controls, needs: "preferencias" }, async (screen, { page }) => {
+test("order and width of the columns are kept for their user", { ...controls }, async (screen, { page }) => {
     const header = (column) => screen.control("dbgPecas").locator(`.ag-header-cell[col-id="${column}"]`);
     const left = async (column) => (await header(column).boundingBox()).x;
     const from = await header("Entrega").boundingBox();
@@ -192,7 +192,7 @@ test("order and width of the columns are kept for their user", { ...controls, ne
     await screen.until("the columns stand as they were left", async () => (await left("Entrega")) < (await left("Cor")));
 });
 
-test("a grid is given as a file for a spreadsheet", { ...controls, needs: "grade" }, async (screen, { page }) => {
+test("a grid is given as a file for a spreadsheet", { ...controls }, async (screen, { page }) => {
     await screen.cell("dbgPecas", 0, "Cor").click();
     await screen.press("Shift+F10");
     const [csv] = await Promise.all([page.waitForEvent("download"), page.getByRole("menuitem", { name: "Exportar como texto" }).click()]);

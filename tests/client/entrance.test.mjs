@@ -3,7 +3,7 @@ import assert from "node:assert/strict";
 import { comeIn, password, test } from "./harness.mjs";
 import { Screen } from "./Screen.mjs";
 
-test("nobody works without coming in, and a wrong password is refused", { screen: null, needs: "quem" }, async (screen, { page, context, line, user }) => {
+test("nobody works without coming in, and a wrong password is refused", { screen: null }, async (screen, { page, context, line, user }) => {
     assert.equal((await context.request.get(`${line.url}quem`)).status(), 401);
     await screen.comesIn(user, "errada");
     await page.getByText("Usuário ou senha inválidos.").waitFor();
@@ -15,7 +15,7 @@ test("nobody works without coming in, and a wrong password is refused", { screen
     assert.equal(await tab.getAttribute("aria-selected"), "true");
 });
 
-test("a user is offered his open work when he comes in at another place", { needs: "quem" }, async (screen, { page, browser, line, user }) => {
+test("a user is offered his open work when he comes in at another place", {}, async (screen, { page, browser, line, user }) => {
     await screen.keyboard.type("123");
     await screen.press("Enter");
     await screen.settled();
@@ -33,7 +33,7 @@ test("a user is offered his open work when he comes in at another place", { need
     await elsewhere.close();
 });
 
-test("a second place of work has a session of its own when its user wants one", { needs: "quem" }, async (screen, { page, browser, line, user }) => {
+test("a second place of work has a session of its own when its user wants one", {}, async (screen, { page, browser, line, user }) => {
     await screen.keyboard.type("123");
     await screen.settled();
     const elsewhere = await browser.newContext();
@@ -48,14 +48,14 @@ test("a second place of work has a session of its own when its user wants one", 
     await elsewhere.close();
 });
 
-test("who goes out finds the login page, and his session is gone", { needs: "quem" }, async (screen, { page, context, line }) => {
+test("who goes out finds the login page, and his session is gone", {}, async (screen, { page, context, line }) => {
     await page.locator(".user-button").click();
     await screen.press("s");
     await page.getByLabel("Usuário").waitFor();
     assert.equal((await context.request.get(`${line.url}quem`)).status(), 401);
 });
 
-test("theme and size of the letters follow their user to another place", { needs: "quem" }, async (_screen, { page, browser, line, user }) => {
+test("theme and size of the letters follow their user to another place", {}, async (_screen, { page, browser, line, user }) => {
     const choose = async (caption) => {
         await page.locator(".user-button").click();
         await Promise.all([

@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <map>
+#include <mutex>
 #include <unistd.h>
 
 namespace {
@@ -46,18 +48,83 @@ private:
     TDatabaseAddress address_;
 };
 
-std::unique_ptr<TApplication> MakeApplication(IEventSource& source, IView& view, const TDatabaseAddress& sewing)
+template <typename TScreen>
+std::unique_ptr<TForm> Make(TApplication& application)
 {
-    auto application = std::make_unique<TSewingApplication>(source, &view, sewing);
-    application->RegisterForm("TfmExemplo", [](TApplication& app) { return std::make_unique<TfmExemplo>(app); });
-    application->RegisterForm("TfmControles", [](TApplication& app) { return std::make_unique<TfmControles>(app); });
-    application->RegisterForm("TfmLeitura", [](TApplication& app) { return std::make_unique<TfmLeitura>(app); });
-    application->OpenGrid();
-    application->LoadForm("TfmControles").Show();
-    application->LoadForm("TfmLeitura").Show();
-    application->LoadForm("TfmExemplo").Show();
-    return application;
+    return std::make_unique<TScreen>(application);
 }
+
+/// The example screens, all open from the beginning.
+class TExampleWorkplace final : public IWorkplace {
+public:
+    TExampleWorkplace(IEventSource& source, IView& view, const TDatabaseAddress& sewing)
+        : application_(source, &view, sewing)
+    {
+        application_.RegisterForm("TfmExemplo", Make<TfmExemplo>);
+        application_.RegisterForm("TfmControles", Make<TfmControles>);
+        application_.RegisterForm("TfmLeitura", Make<TfmLeitura>);
+        application_.OpenGrid();
+        application_.LoadForm("TfmControles").Show();
+        application_.LoadForm("TfmLeitura").Show();
+        application_.LoadForm("TfmExemplo").Show();
+    }
+
+    TApplication& Application() override { return application_; }
+    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
+    TDateTime PendingSince() const override { return {}; }
+    void Cancel() override { }
+
+private:
+    TSewingApplication application_;
+    std::vector<TMenuEntry> menu_ = {
+        {"Exemplos", "Tingimento de Botões", "TfmExemplo"}, {"Exemplos", "Leitura de Código de Barras", "TfmLeitura"}};
+};
+
+/// Anybody comes in with the password "demo".
+class TExampleHost final : public ISessionHost {
+public:
+    explicit TExampleHost(TDatabaseAddress sewing)
+        : sewing_(std::move(sewing))
+    {
+    }
+    std::optional<TSessionUser> LogIn(std::string_view name, std::string_view password) override
+    {
+        if (password != "demo")
+            return std::nullopt;
+        return TSessionUser{std::string(name), std::string(name)};
+    }
+    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    {
+        return std::make_unique<TExampleWorkplace>(source, view, sewing_);
+    }
+    TClientSettings Settings(const TSessionUser& user) override
+    {
+        const std::lock_guard lock(mutex_);
+        return settings_[user.code];
+    }
+    void WriteSettings(const TSessionUser& user, const TClientSettings& settings) override
+    {
+        const std::lock_guard lock(mutex_);
+        for (const auto& [name, value] : settings)
+            settings_[user.code][name] = value;
+    }
+    void LeaveNotice(const TSessionUser& user, std::string_view text) override
+    {
+        const std::lock_guard lock(mutex_);
+        notices_[user.code] = text;
+    }
+    std::string TakeNotice(const TSessionUser& user) override
+    {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(notices_[user.code], {});
+    }
+
+private:
+    TDatabaseAddress sewing_;
+    std::mutex mutex_;
+    std::map<std::string, TClientSettings> settings_;
+    std::map<std::string, std::string> notices_;
+};
 
 } // namespace
 
@@ -68,12 +135,12 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     try {
-        alinhavo::TWebOptions options;
+        TWebOptions options;
         options.clientFolder = argv[1];
         options.port = argc > 2 ? static_cast<std::uint16_t>(std::atoi(argv[2])) : 8080;
         const TSewingDatabase sewing;
-        alinhavo::TWebServer server(options,
-            [&](IEventSource& source, IView& view) { return MakeApplication(source, view, sewing.Address()); });
+        TExampleHost host(sewing.Address());
+        TWebServer server(options, host);
         std::cout << "http://127.0.0.1:" << server.Port() << '/' << std::endl;
         for (std::string line; std::getline(std::cin, line);) { }
         return EXIT_SUCCESS;

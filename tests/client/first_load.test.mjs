@@ -4,7 +4,7 @@ import { test } from "./harness.mjs";
 
 const limit = 500_000;
 
-test("the first load is small", { screen: null, needs: "quem" }, async (screen, { page, line }) => {
+test("the first load is small", { screen: null }, async (screen, { page, line }) => {
     let bytes = 0;
     const network = await page.context().newCDPSession(page);
     await network.send("Network.enable");

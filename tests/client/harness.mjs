@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import { mkdir } from "node:fs/promises";
 import { fileURLToPath } from "node:url";
-import { factoryCanServe, startBrowser, startFactory, startServer } from "./browser.mjs";
+import { startBrowser, startFactory, startServer } from "./browser.mjs";
 import { slowLine } from "./slowLine.mjs";
 import { Screen } from "./Screen.mjs";
 
@@ -14,8 +14,8 @@ const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.u
 
 /**
  * `options`: delay in milliseconds each way, colorScheme, size of the window, screen (the one brought to the front; null: nobody has come
- * in yet), needs (a path: without it at the server the test is skipped, and counted as such), serves (the server's program),
- * factory (the demonstration factory instead of the example screens) and who works in it.
+ * in yet), factory (the demonstration factory instead of the example screens), user (who works in it) and opens (what is searched in
+ * the menu for the screen).
  */
 export function test(name, options, action) {
     tests.push({ name, options, action });
@@ -23,9 +23,9 @@ export function test(name, options, action) {
 
 export async function runAll() {
     const only = process.argv[2];
-    const outcome = { passed: 0, failed: 0, skipped: 0 };
+    const outcome = { passed: 0, failed: 0 };
     const began = performance.now();
-    const servers = await Servers.start();
+    const servers = new Servers();
     const browser = await startBrowser();
     await mkdir(pictures, { recursive: true });
     const chosen = tests.filter(({ name }) => !only || name.includes(only));
@@ -35,7 +35,7 @@ export async function runAll() {
     await browser.close();
     await servers.stop();
     const seconds = Math.round((performance.now() - began) / 1000);
-    console.log(`${outcome.passed} passed, ${outcome.failed} failed, ${outcome.skipped} skipped (${seconds} s)`);
+    console.log(`${outcome.passed} passed, ${outcome.failed} failed (${seconds} s)`);
     process.exitCode = outcome.failed === 0 ? 0 : 1;
 }
 
@@ -48,11 +48,6 @@ function laneOf({ factory, delay }) {
 async function runLane(lane, browser, servers, outcome) {
     for (const { name, options, action } of lane) {
         const server = await servers.of(options);
-        if (!server) {
-            ++outcome.skipped;
-            console.log(`skipped ${name}: the server has no ${options.needs ?? "factory"}`);
-            continue;
-        }
         const start = performance.now();
         try {
             await runOne(browser, server, options, action);
@@ -65,52 +60,36 @@ async function runLane(lane, browser, servers, outcome) {
     }
 }
 
-/** The servers of the tests' screens, each started when the first test wants it. */
+/** The servers of the tests' screens, each started when the first test wants it. Lanes ask at the same time: promises are kept. */
 class Servers {
-    #programs = new Map();
+    #example = null;
     #factory = null;
-    #canServe;
 
-    static async start() {
-        const servers = new Servers();
-        servers.#canServe = await factoryCanServe();
-        return servers;
-    }
-
-    /** Null: what the test needs is not there. */
-    async of({ factory, needs, serves = "exemplo_servidor" }) {
-        if (factory) return this.#canServe ? (this.#factory ??= startFactory()) : null;
-        const server = await this.#program(serves);
-        return !needs || (await server.answers(needs)) ? server : null;
-    }
-
-    /** Lanes ask at the same time: what is kept is the promise. */
-    #program(name) {
-        if (!this.#programs.has(name)) this.#programs.set(name, startServer(0, name));
-        return this.#programs.get(name);
+    of({ factory }) {
+        return factory ? (this.#factory ??= startFactory()) : (this.#example ??= startServer());
     }
 
     async stop() {
-        for (const server of this.#programs.values()) await (await server).stop();
-        await (await this.#factory)?.stop();
+        for (const server of [this.#example, this.#factory]) await (await server)?.stop();
     }
 }
 
 let users = 0;
 
 /** Each test has a user of its own: nobody finds what another has arranged, or left open. */
-async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, user = `USER${++users}` }, action) {
+async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, opens, user = `USER${++users}` }, action) {
     const line = await slowLine(server.port, delay);
     const context = await browser.newContext({ viewport: size, colorScheme, locale: "pt-BR" });
     const errors = [];
     try {
         const page = await context.newPage();
         page.on("pageerror", (error) => errors.push(error.message));
-        if (name && (await server.answers("quem"))) await comeIn(context, line.url, user);
+        if (name) await comeIn(context, line.url, user);
         await page.goto(line.url);
         const screen = new Screen(page, name, pictures);
         if (factory) await screen.settled();
-        else if (name) await screen.ready();
+        if (opens) await screen.open(opens);
+        if (!factory && name) await screen.ready();
         await action(screen, { page, line, context, server, user, browser });
         assert.deepEqual(errors, [], "errors of the page");
     } finally {

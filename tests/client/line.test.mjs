@@ -48,7 +48,7 @@ test("another window takes the session over, and the first can take it back", {}
     await screen.hasText("edtPedido", "55");
 });
 
-test("two browsers have sessions of their own", { needs: "quem" }, async (screen, { page, line }) => {
+test("two browsers have sessions of their own", {}, async (screen, { page, line }) => {
     const context = await page.context().browser().newContext();
     await comeIn(context, line.url, "OUTRO");
     const second = await context.newPage();
@@ -98,7 +98,7 @@ for (const { delay, reads, ...how } of [
         });
 }
 
-test("a server that goes away says so, and when it is back its users come in again", { needs: "quem" }, async (_screen, { context }) => {
+test("a server that goes away says so, and when it is back its users come in again", {}, async (_screen, { context }) => {
     const first = await startServer();
     const page = await context.newPage();
     await comeIn(context, first.url, "ANA");
@@ -117,7 +117,7 @@ test("a server that goes away says so, and when it is back its users come in aga
     await second.stop();
 });
 
-test("a server that is gone without a word and comes back knows nobody", { needs: "quem" }, async (_screen, { context }) => {
+test("a server that is gone without a word and comes back knows nobody", {}, async (_screen, { context }) => {
     const first = await startServer();
     const page = await context.newPage();
     await comeIn(context, first.url, "ANA");

@@ -2,8 +2,8 @@
 import assert from "node:assert/strict";
 import { test } from "./harness.mjs";
 
-const sectors = { serves: "telas_servidor", screen: "fmCadFluxo" };
-const flows = { serves: "telas_servidor", screen: "fmFacFluxo" };
+const sectors = { factory: true, user: "ADMIN", screen: "fmCadFluxo", opens: "cadastro setores" };
+const flows = { factory: true, user: "ADMIN", screen: "fmFacFluxo", opens: "cadastro fluxos" };
 
 test("A sector is added, altered and deleted without a mouse", sectors, async (screen) => {
     await screen.hasFocus("DBGrid1");

@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import { test } from "./harness.mjs";
 
-test("Ctrl+K finds a screen by the beginnings of its words, without accents", { needs: "quem" }, async (screen, { page }) => {
+test("Ctrl+K finds a screen by the beginnings of its words, without accents", {}, async (screen, { page }) => {
     await screen.press("Control+k");
     await screen.keyboard.type("cod bar");
     assert.deepEqual(await page.locator(".found li span").allInnerTexts(), ["Leitura de Código de Barras"]);
@@ -18,7 +18,7 @@ test("Esc gives the keyboard back to the field that had it", {}, async (screen) 
     await screen.hasText("edtPedido", "77");
 });
 
-test("a favourite stands first in the menu, and is found again after a reload", { size: { width: 1700, height: 900 }, needs: "preferencias" }, async (screen, { page }) => {
+test("a favourite stands first in the menu, and is found again after a reload", { size: { width: 1700, height: 900 } }, async (screen, { page }) => {
     const entry = page.locator(".menu-entry", { hasText: "Leitura de Código de Barras" });
     await entry.first().hover();
     await Promise.all([
@@ -31,7 +31,7 @@ test("a favourite stands first in the menu, and is found again after a reload", 
     assert.equal(await page.locator(".menu section").first().locator(".menu-open span").innerText(), "Leitura de Código de Barras");
 });
 
-test("a screen is closed by its tab, and is opened anew by the menu", { needs: "quem" }, async (screen, { page }) => {
+test("a screen is closed by its tab, and is opened anew by the menu", {}, async (screen, { page }) => {
     await screen.keyboard.type("123");
     await page.locator(".tab-and-close.front .close").click();
     await screen.settled();

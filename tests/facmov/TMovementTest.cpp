@@ -41,9 +41,10 @@ void TMovementTest::SetUp()
     SetParameter("FAC", 240, "N");
 
     screens_ = Connect({.company = "01"});
+    preferences_ = std::make_unique<TPreferences>(*db);
     session = std::make_unique<TSession>(clerk, nullptr,
         TSessionSetup{.database = *screens_,
-            .preferences = *db,
+            .preferences = *preferences_,
             .configuration = configuration_,
             .user = *FindUser(*db, "ADMIN"),
             .company = "01",

@@ -4,6 +4,7 @@
 #include "movement/TfmFacMov.h"
 #include "platform/database/TDatabaseTest.h"
 #include "platform/services/TConfiguration.h"
+#include "platform/services/TPreferences.h"
 #include "platform/services/TTrustedPasswords.h"
 #include "platform/session/TSession.h"
 
@@ -34,6 +35,7 @@ protected:
 private:
     TConfiguration configuration_;
     TTrustedPasswords passwords_;
+    std::unique_ptr<TPreferences> preferences_;
     std::unique_ptr<TSqlDatabase> screens_;
 };
 

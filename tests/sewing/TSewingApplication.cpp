@@ -69,10 +69,10 @@ void TSewingApplication::Fill(TSqlDatabase& database, int lines)
 
 TSewingGround::TSewingGround(const TDatabaseAddress& address)
     : database(OpenDatabase(address))
-    , preferences(OpenDatabase(address))
+    , preferences(*database)
     , services({
           .database = *database,
-          .preferences = *preferences,
+          .preferences = preferences,
           .configuration = configuration,
           .user = FindUser(*database, "ADMIN").value(),
           .company = "01",

@@ -4,6 +4,7 @@
 #include "movement/TfmFacMov.h"
 #include "platform/database/OpenDatabase.h"
 #include "platform/services/TConfiguration.h"
+#include "platform/services/TPreferences.h"
 #include "platform/services/TSessionServices.h"
 #include "platform/services/TTrustedPasswords.h"
 
@@ -17,7 +18,7 @@ struct TSewingGround {
     explicit TSewingGround(const TDatabaseAddress& address);
 
     std::unique_ptr<TSqlDatabase> database;
-    std::unique_ptr<TSqlDatabase> preferences;
+    TPreferences preferences;
     TConfiguration configuration;
     TTrustedPasswords passwords;
     TSessionServices services;

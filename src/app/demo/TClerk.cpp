@@ -10,10 +10,11 @@ namespace alinhavo {
 
 TClerk::TClerk(TOrvDatabase& database, TSessionUser user, const TScreenRegistry& registerScreens,
     std::vector<std::string_view> known)
-    : known_(std::move(known))
+    : preferences_(database)
+    , known_(std::move(known))
     , session_(*this, nullptr,
           TSessionSetup{.database = database,
-              .preferences = database,
+              .preferences = preferences_,
               .configuration = configuration_,
               .user = std::move(user),
               .company = "01",

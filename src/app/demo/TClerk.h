@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/services/TConfiguration.h"
+#include "platform/services/TPreferences.h"
 #include "platform/services/TTrustedPasswords.h"
 #include "platform/session/roteiro/THands.h"
 #include "platform/session/TSession.h"
@@ -34,6 +35,7 @@ public:
 private:
     TUserEvent Next() override;
 
+    TPreferences preferences_;
     TConfiguration configuration_;
     TTrustedPasswords passwords_;
     std::vector<std::string_view> known_;

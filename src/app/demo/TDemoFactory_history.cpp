@@ -31,6 +31,7 @@ TLeaving WithLosses(TRandom& random, int pending)
     return {.good = pending - 1, .incomplete = 1};
 }
 
+/// Of very few pieces, all.
 TLeaving Portion(int pending) { return {.good = (pending * 3 + 4) / 5}; }
 
 } // namespace
@@ -99,16 +100,26 @@ void TDemoFactory::MoveBatch(TRandom& random, TMovementClerk& clerk, TDateTime d
         && batch.order->items.front().quantity > 4 && random.Chance(18);
     // Losses of one part would leave the others without their match; where defects are demanded, an inspection writes them first.
     const bool hasLosses = !divides && batch.isOnlyPart && sector.trade != demo::TTrade::House && random.Chance(45);
-    const auto arrival = clerk.Move({.order = batch.order->number,
-                                        .part = std::string(batch.part),
-                                        .sector = std::string(batch.sector),
-                                        .batch = batch.number,
-                                        .destination = DestinationOf(random, batch)},
-        [&](int pending) {
-            return divides ? Portion(pending) : hasLosses ? WithLosses(random, pending) : TLeaving{.good = pending};
-        });
+    int staying = 0;
+    TMovementClerk::TArrival arrival;
+    try {
+        arrival = clerk.Move({.order = batch.order->number,
+                                 .part = std::string(batch.part),
+                                 .sector = std::string(batch.sector),
+                                 .batch = batch.number,
+                                 .destination = DestinationOf(random, batch)},
+            [&](int pending) {
+                const TLeaving leaving = divides ? Portion(pending)
+                    : hasLosses                  ? WithLosses(random, pending)
+                                                 : TLeaving{.good = pending};
+                staying += divides ? pending - leaving.good : 0;
+                return leaving;
+            });
+    } catch (const std::runtime_error&) {
+        return; // what the screen refuses waits where it is, as it would in a factory
+    }
 
-    if (divides) {
+    if (staying > 0) {
         TBatch rest = batch;
         rest.isRest = true;
         elsewhere[batch.order] += batch.isMain ? 0 : 1;

@@ -43,9 +43,16 @@ TMovementClerk::TArrival TMovementClerk::Move(const TMovement& movement, const T
     try {
         return Enter(movement, leavingOf);
     } catch (const std::exception& failure) {
+        GiveUp();
         throw std::runtime_error(
             "OF " + movement.order + ", parte " + movement.part + ", setor " + movement.sector + ": " + failure.what());
     }
+}
+
+void TMovementClerk::GiveUp()
+{
+    clerk_(TClose{screen});
+    clerk_(TOpen{screen});
 }
 
 TMovementClerk::TArrival TMovementClerk::Enter(const TMovement& movement, const TLeavingOf& leavingOf)

@@ -42,10 +42,12 @@ public:
 
     /// A day's work begins: with the screen opened, its dates are that day's.
     void BeginDay(TDateTime day);
-    /// Enters and confirms a movement. std::runtime_error, which names order and sector, when the screen refuses it.
+    /// Enters and confirms a movement. std::runtime_error, which names order and sector, when the screen refuses it: the entry is
+    /// given up.
     TArrival Move(const TMovement& movement, const TLeavingOf& leavingOf);
 
 private:
+    void GiveUp();
     TArrival Enter(const TMovement& movement, const TLeavingOf& leavingOf);
     void EnterHeader(const TMovement& movement);
     void EnterQuantities(const TLeavingOf& leavingOf);

@@ -14,7 +14,7 @@ namespace alinhavo {
 /// What a session's services stand on. All that is referred to outlives the session.
 struct TSessionSetup {
     TOrvDatabase& database; ///< the screens' connection, with their one transaction
-    TOrvDatabase& preferences; ///< another connection, for what is not a screen's work
+    TPreferences& preferences;
     const TConfiguration& configuration;
     TSessionUser user;
     std::string company; ///< EMPRESA.EMP_PAT

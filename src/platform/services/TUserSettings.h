@@ -1,17 +1,16 @@
 #pragma once
 
-#include "host/TOrvDatabase.h"
+#include "platform/services/TPreferences.h"
 
 #include <string>
 #include <string_view>
 
 namespace alinhavo {
 
-/// A user's own settings (PREFERENCIA). They are written at once, over a connection that is not the screens', so that they
-/// never commit pending work.
+/// One user's own settings, by section and key.
 class TUserSettings {
 public:
-    TUserSettings(TOrvDatabase& preferences, std::string userCode)
+    TUserSettings(TPreferences& preferences, std::string userCode)
         : preferences_(preferences)
         , user_(std::move(userCode))
     {
@@ -21,10 +20,7 @@ public:
     void Write(std::string_view section, std::string_view key, std::string_view value);
 
 private:
-    bool Update(const std::string& key, std::string_view value);
-    void Insert(const std::string& key, std::string_view value);
-
-    TOrvDatabase& preferences_;
+    TPreferences& preferences_;
     std::string user_;
 };
 

@@ -225,6 +225,12 @@ std::int64_t ReadNumber(const json& object, std::string_view name)
 
 } // namespace
 
+bool TClientMessage::IsCancel(std::string_view text)
+{
+    constexpr std::size_t LongEnough = 40;
+    return text.size() <= LongEnough && json::parse(text, nullptr, false) == json({{"cancel", true}});
+}
+
 TClientMessage TClientMessage::Decode(std::string_view text)
 {
     if (text.size() > MaxBytes)

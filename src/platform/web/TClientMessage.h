@@ -19,6 +19,8 @@ struct TClientMessage {
     std::int64_t first = 0; ///< the rows asked for, of a dialog or of the grid `event.control`
     std::int64_t count = 0;
 
+    /// {"cancel": true}: what is being worked at is to end. It has no number, since it is heard meanwhile.
+    static bool IsCancel(std::string_view text);
     /// Throws EProtocolError for whatever is not exactly one well-formed message.
     static TClientMessage Decode(std::string_view text);
 };

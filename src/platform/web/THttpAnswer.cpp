@@ -2,6 +2,9 @@
 
 #include "platform/web/TStaticFiles.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
 namespace alinhavo {
 
 namespace {
@@ -24,18 +27,71 @@ THttpResponse Begin(const THttpRequest& request, http::status status)
     return response;
 }
 
+bool AcceptsGzip(const THttpRequest& request)
+{
+    return View(request[http::field::accept_encoding]).find("gzip") != std::string_view::npos;
+}
+
+int HexDigit(char digit)
+{
+    if (digit >= '0' && digit <= '9')
+        return digit - '0';
+    const char lower = static_cast<char>(digit | 0x20);
+    return lower >= 'a' && lower <= 'f' ? lower - 'a' + 10 : -1;
+}
+
+std::string Decoded(std::string_view text)
+{
+    std::string decoded;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const char letter = text[place];
+        const int high = letter == '%' && place + 2 < text.size() ? HexDigit(text[place + 1]) : -1;
+        const int low = high >= 0 ? HexDigit(text[place + 2]) : -1;
+        if (low >= 0) {
+            decoded += static_cast<char>(high * 16 + low);
+            place += 2;
+        } else {
+            decoded += letter == '+' ? ' ' : letter;
+        }
+    }
+    return decoded;
+}
+
+} // namespace
+
 std::string PathOf(const THttpRequest& request)
 {
     const auto target = View(request.target());
     return std::string(target.substr(0, target.find('?')));
 }
 
-bool AcceptsGzip(const THttpRequest& request)
+std::string QueryOf(const THttpRequest& request, std::string_view name)
 {
-    return View(request[http::field::accept_encoding]).find("gzip") != std::string_view::npos;
+    auto query = View(request.target());
+    query.remove_prefix(std::min(query.find('?'), query.size()));
+    while (!query.empty()) {
+        query.remove_prefix(1);
+        const auto pair = query.substr(0, query.find('&'));
+        const auto equals = std::min(pair.find('='), pair.size());
+        if (pair.substr(0, equals) == name && equals < pair.size())
+            return Decoded(pair.substr(equals + 1));
+        query.remove_prefix(pair.size());
+    }
+    return {};
 }
 
-} // namespace
+std::string CookieOfLogin(const std::string& secret)
+{
+    const std::string end = secret.empty() ? "; Max-Age=0" : "";
+    return std::string(SessionCookie) + "=" + secret + "; Path=/; HttpOnly; SameSite=Strict" + end;
+}
+
+THttpResponse AnswerJson(const THttpRequest& request, http::status status, const nlohmann::json& answer)
+{
+    auto response = AnswerText(request, status, answer.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
+    response.set(http::field::content_type, "application/json");
+    return response;
+}
 
 THttpResponse AnswerText(const THttpRequest& request, http::status status, std::string_view text)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/beast/http.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,13 @@ inline constexpr std::string_view SessionCookie = "alinhavo";
 THttpResponse AnswerFile(const TStaticFiles& files, const THttpRequest& request);
 /// A short text, in Portuguese, for a person who sees it.
 THttpResponse AnswerText(const THttpRequest& request, boost::beast::http::status status, std::string_view text);
+THttpResponse AnswerJson(const THttpRequest& request, boost::beast::http::status status, const nlohmann::json& answer);
+/// The value of Set-Cookie that gives the client the secret of its login; an empty one takes it away.
+std::string CookieOfLogin(const std::string& secret);
+/// The request's target without what follows a "?".
+std::string PathOf(const THttpRequest& request);
+/// A value behind the "?", decoded; empty when it is not there.
+std::string QueryOf(const THttpRequest& request, std::string_view name);
 /// The request comes from a page of this server: its Origin names the host that the request was sent to.
 bool FromOwnPage(const THttpRequest& request);
 /// The value of a cookie, empty when it is not there.

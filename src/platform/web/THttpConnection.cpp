@@ -2,8 +2,10 @@
 
 #include "platform/web/TSessionRegistry.h"
 #include "platform/web/TStaticFiles.h"
+#include "platform/web/TWebApi.h"
 #include "platform/web/TWebSocketConnection.h"
 
+#include <boost/asio/post.hpp>
 #include <boost/beast/websocket.hpp>
 
 namespace alinhavo {
@@ -17,19 +19,18 @@ constexpr std::size_t MaxHeader = 16 * 1024;
 constexpr std::size_t MaxBody = 64 * 1024;
 constexpr std::chrono::seconds Patience(30);
 
-std::string CookieFor(const std::string& token)
-{
-    return std::string(SessionCookie) + "=" + token + "; Path=/; HttpOnly; SameSite=Strict";
-}
-
 } // namespace
 
 THttpConnection::THttpConnection(
-    boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TSessionRegistry& sessions)
+    boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions)
     : stream_(std::move(socket))
     , files_(files)
+    , api_(api)
     , sessions_(sessions)
 {
+    beast::error_code gone;
+    if (const auto from = stream_.socket().remote_endpoint(gone); !gone)
+        address_ = from.address().to_string();
 }
 
 void THttpConnection::Read()
@@ -49,21 +50,34 @@ void THttpConnection::Received(beast::error_code error)
     const auto request = parser_->release();
     if (beast::websocket::is_upgrade(request))
         return BecomeMessages(request);
+    if (TWebApi::Knows(PathOf(request)))
+        return AskApi(request);
     Answer(AnswerFile(files_, request));
+}
+
+// The answer may take longer than the client's patience with a silent line: a wrong password waits.
+void THttpConnection::AskApi(const THttpRequest& request)
+{
+    stream_.expires_never();
+    api_.Answer(request, address_, [self = shared_from_this()](THttpResponse response) {
+        boost::asio::post(self->stream_.get_executor(), [self, response = std::move(response)]() mutable {
+            self->stream_.expires_after(Patience);
+            self->Answer(std::move(response));
+        });
+    });
 }
 
 void THttpConnection::BecomeMessages(const THttpRequest& request)
 {
-    const auto target = request.target();
-    if (std::string_view(target.data(), target.size()).substr(0, target.find('?')) != SessionPath)
+    if (PathOf(request) != SessionPath)
         return Answer(AnswerText(request, http::status::not_found, "Página não encontrada."));
     if (!FromOwnPage(request))
         return Answer(AnswerText(request, http::status::forbidden, "Acesso negado a partir de outra página."));
-    const auto entry = sessions_.FindOrStart(CookieOf(request, SessionCookie));
-    if (!entry.session)
-        return Answer(AnswerText(request, http::status::service_unavailable, "Limite de sessões atingido."));
-    std::make_shared<TWebSocketConnection>(std::move(stream_), entry.session)
-        ->Accept(request, entry.isNew ? CookieFor(entry.token) : std::string());
+    const auto secret = CookieOf(request, SessionCookie);
+    if (!sessions_.UserOf(secret))
+        return Answer(AnswerText(request, http::status::unauthorized, "É preciso entrar."));
+    auto [session, why] = sessions_.Take(secret, QueryOf(request, "id"));
+    std::make_shared<TWebSocketConnection>(std::move(stream_), std::move(session))->Accept(request, why);
 }
 
 void THttpConnection::Answer(THttpResponse response)

@@ -10,22 +10,27 @@ namespace alinhavo {
 
 class TSessionRegistry;
 class TStaticFiles;
+class TWebApi;
 
 /// A browser's connection: it asks for files, and then becomes a connection of messages.
 class THttpConnection final : public std::enable_shared_from_this<THttpConnection> {
 public:
-    /// The files and the registry outlive it.
-    THttpConnection(boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TSessionRegistry& sessions);
+    /// What it refers to outlives it.
+    THttpConnection(
+        boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions);
 
     void Read();
 
 private:
     void Received(boost::beast::error_code error);
+    void AskApi(const THttpRequest& request);
     void BecomeMessages(const THttpRequest& request);
     void Answer(THttpResponse response);
 
     boost::beast::tcp_stream stream_;
+    std::string address_; ///< of the client
     const TStaticFiles& files_;
+    TWebApi& api_;
     TSessionRegistry& sessions_;
     boost::beast::flat_buffer input_;
     std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> parser_;

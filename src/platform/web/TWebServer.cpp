@@ -3,6 +3,7 @@
 #include "platform/web/THttpConnection.h"
 #include "platform/web/TSessionRegistry.h"
 #include "platform/web/TStaticFiles.h"
+#include "platform/web/TWebApi.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
@@ -24,13 +25,17 @@ constexpr std::chrono::milliseconds PauseAfterFailure(100);
 
 class TWebServer::TImpl {
 public:
-    TImpl(const TWebOptions& options, TApplicationMaker maker)
+    TImpl(const TWebOptions& options, ISessionHost& host)
         : files_(options.clientFolder)
-        , sessions_(std::move(maker), options.maxSessions)
+        , sessions_(host, options.limits)
+        , api_(context_, host, sessions_, options.loginPenalty)
         , acceptor_(context_, tcp::endpoint(net::ip::make_address(options.address), options.port))
         , timer_(context_)
+        , sweeper_(context_)
+        , sweep_(options.sweep)
     {
         Accept();
+        SweepLater();
         for (int thread = 0; thread < options.threads; ++thread)
             threads_.emplace_back([this] { context_.run(); });
     }
@@ -39,7 +44,7 @@ public:
     {
         if (threads_.empty())
             return;
-        sessions_.EndAll();
+        sessions_.EndAll("O servidor foi encerrado.");
         net::post(acceptor_.get_executor(), [this] {
             boost::system::error_code ignored;
             acceptor_.close(ignored);
@@ -64,7 +69,7 @@ private:
                 return AcceptLater();
             boost::system::error_code ignored;
             socket.set_option(tcp::no_delay(true), ignored);
-            std::make_shared<THttpConnection>(std::move(socket), files_, sessions_)->Read();
+            std::make_shared<THttpConnection>(std::move(socket), files_, api_, sessions_)->Read();
             Accept();
         });
     }
@@ -79,16 +84,30 @@ private:
         });
     }
 
+    void SweepLater()
+    {
+        sweeper_.expires_after(sweep_);
+        sweeper_.async_wait([this](boost::system::error_code error) {
+            if (error)
+                return;
+            sessions_.EndIdle(std::chrono::steady_clock::now());
+            SweepLater();
+        });
+    }
+
     net::io_context context_;
     TStaticFiles files_;
     TSessionRegistry sessions_;
+    TWebApi api_;
     tcp::acceptor acceptor_;
     net::steady_timer timer_;
+    net::steady_timer sweeper_;
+    const std::chrono::steady_clock::duration sweep_;
     std::vector<std::thread> threads_;
 };
 
-TWebServer::TWebServer(const TWebOptions& options, TApplicationMaker maker)
-    : impl_(std::make_unique<TImpl>(options, std::move(maker)))
+TWebServer::TWebServer(const TWebOptions& options, ISessionHost& host)
+    : impl_(std::make_unique<TImpl>(options, host))
 {
 }
 

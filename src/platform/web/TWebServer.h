@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/web/TWebSession.h"
+#include "platform/web/TSessionRegistry.h"
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -14,14 +15,17 @@ struct TWebOptions {
     std::uint16_t port = 8080; ///< 0: any that is free
     std::filesystem::path clientFolder; ///< the built client
     int threads = 2; ///< for the connections; each session has one of its own besides
-    std::size_t maxSessions = 500;
+    TSessionLimits limits;
+    std::chrono::steady_clock::duration loginPenalty
+        = std::chrono::seconds(1); ///< of the first wrong password too many
+    std::chrono::steady_clock::duration sweep = std::chrono::seconds(15); ///< how often idle sessions are looked for
 };
 
-/// Answers browsers: the client's files over HTTP, and a session for each browser over a WebSocket.
+/// Answers browsers: the client's files and the login over HTTP, and sessions over WebSockets.
 class TWebServer {
 public:
-    /// Listens when it returns; throws std::exception when it cannot. `maker` makes each session's application.
-    TWebServer(const TWebOptions& options, TApplicationMaker maker);
+    /// Listens when it returns; throws std::exception when it cannot. The host outlives it.
+    TWebServer(const TWebOptions& options, ISessionHost& host);
     /// As Stop.
     ~TWebServer();
     TWebServer(const TWebServer&) = delete;
@@ -30,7 +34,7 @@ public:
     std::uint16_t Port() const;
     /// Sessions that have not ended, with or without a client.
     std::size_t SessionCount() const;
-    /// Ends every session, tells the clients, and returns when no thread is left.
+    /// Ends every session without committing anything, tells the clients, and returns when no thread is left.
     void Stop();
 
 private:

@@ -2,8 +2,10 @@
 
 #include "forms/TApplication.h"
 #include "forms/TDialog.h"
+#include "forms/text.h"
 #include "forms/TForm.h"
 #include "forms/TGrid.h"
+#include "platform/session/clock.h"
 #include "platform/web/EProtocolError.h"
 
 #include <algorithm>
@@ -18,21 +20,29 @@ using json = nlohmann::json;
 // A text from a database may hold bytes that are no UTF-8: they are shown as a mark, the message stays well-formed.
 std::string Written(const json& message) { return message.dump(-1, ' ', false, json::error_handler_t::replace); }
 
+std::string HourText(TDateTime time) { return time.TextWithHour().substr(11, 5); }
+
 /// The property that shows what a person types in the control; empty where he types nothing.
 std::string_view TypedProperty(const TControl& control) { return control.Kind() == "grid" ? "editorText" : "text"; }
 
 } // namespace
 
-TWebSession::TWebSession(std::string id, TApplicationMaker maker)
+TWebSession::TWebSession(std::string id, TSessionUser user, ISessionHost& host, TConectados& connected)
     : id_(std::move(id))
-    , maker_(std::move(maker))
+    , user_(std::move(user))
+    , host_(host)
+    , connected_(connected)
 {
+    note_.id = id_;
+    note_.usuario = user_.code;
+    note_.nome = user_.name;
+    note_.desde = ClockNow();
     thread_ = std::thread(&TWebSession::Run, this);
 }
 
 TWebSession::~TWebSession()
 {
-    End();
+    End("");
     Wait();
 }
 
@@ -46,23 +56,61 @@ void TWebSession::Run()
 {
     std::string failure;
     try {
-        const auto application = maker_(*this, *this);
-        application_ = application.get();
-        application_->Run();
-        application_ = nullptr;
+        Work();
     } catch (const std::exception& error) {
-        application_ = nullptr;
-        failure = error.what();
+        failure = "A sessão não pôde continuar: " + std::string(error.what());
     }
+    Farewell(std::move(failure));
+}
+
+void TWebSession::Work()
+{
+    const auto workplace = host_.Open(user_, *this, *this, connected_);
+    struct TAtWork {
+        TWebSession& session;
+        TAtWork(TWebSession& of, IWorkplace& workplace)
+            : session(of)
+        {
+            session.application_ = &workplace.Application();
+            const std::lock_guard lock(session.mutex_);
+            session.workplace_ = &workplace;
+        }
+        ~TAtWork()
+        {
+            session.NoteState();
+            session.application_ = nullptr;
+            const std::lock_guard lock(session.mutex_);
+            session.workplace_ = nullptr;
+        }
+    };
+    const TAtWork atWork(*this, *workplace);
+    application_->Run();
+}
+
+// What its user does not see now, or what he loses, he is told when he comes in again.
+void TWebSession::Farewell(std::string told)
+{
     std::shared_ptr<IClientLink> link;
+    TDateTime lost;
+    {
+        const std::lock_guard lock(mutex_);
+        ending_ = true;
+        link = std::exchange(link_, nullptr);
+        lost = note_.pendenteDesde;
+        if (told.empty())
+            told = endingWhy_;
+    }
+    if (!told.empty() && !lost.IsBlank())
+        told += " O que não foi gravado desde as " + HourText(lost) + " foi desfeito.";
+    if (!told.empty() && (!link || !lost.IsBlank()))
+        host_.LeaveNotice(user_, HourText(ClockNow()) + ": " + told);
     {
         const std::lock_guard lock(mutex_);
         ended_ = true;
-        link = std::move(link_);
     }
     if (!link)
         return;
-    link->Send(Written({{"ended", failure}}));
+    link->Send(Written({{"ended", told}}));
     link->Close();
 }
 
@@ -74,8 +122,9 @@ void TWebSession::Attach(std::shared_ptr<IClientLink> link)
     bool ended = false;
     {
         const std::lock_guard lock(mutex_);
-        ended = ended_;
+        ended = ended_ || ending_;
         if (!ended) {
+            lastUse_ = std::chrono::steady_clock::now();
             replaced = std::exchange(link_, link);
             attachedAnew_ = true;
         }
@@ -101,6 +150,8 @@ void TWebSession::Detach(const IClientLink& link)
 void TWebSession::Receive(IClientLink& from, std::string_view text)
 {
     try {
+        if (TClientMessage::IsCancel(text))
+            return Cancel(from);
         auto message = TClientMessage::Decode(text);
         const std::lock_guard lock(mutex_);
         if (link_.get() != &from)
@@ -112,6 +163,7 @@ void TWebSession::Receive(IClientLink& from, std::string_view text)
         if (waiting_.size() >= MaxWaiting)
             throw EProtocolError("too many messages sent ahead");
         received_ = message.number;
+        lastUse_ = std::chrono::steady_clock::now();
         waiting_.push_back(std::move(message));
         arrived_.notify_one();
     } catch (const EProtocolError& error) {
@@ -119,11 +171,14 @@ void TWebSession::Receive(IClientLink& from, std::string_view text)
     }
 }
 
-void TWebSession::End()
+void TWebSession::End(std::string_view why)
 {
     {
         const std::lock_guard lock(mutex_);
-        ending_ = true;
+        if (!std::exchange(ending_, true))
+            endingWhy_ = why;
+        if (workplace_)
+            workplace_->Cancel();
     }
     arrived_.notify_one();
 }
@@ -132,6 +187,30 @@ bool TWebSession::Ended() const
 {
     const std::lock_guard lock(mutex_);
     return ended_;
+}
+
+void TWebSession::Cancel(const IClientLink& from)
+{
+    const std::lock_guard lock(mutex_);
+    if (link_.get() == &from && workplace_)
+        workplace_->Cancel();
+}
+
+std::chrono::steady_clock::time_point TWebSession::LastUse() const
+{
+    const std::lock_guard lock(mutex_);
+    return lastUse_;
+}
+
+TConectado TWebSession::Note() const
+{
+    const std::lock_guard lock(mutex_);
+    auto note = note_;
+    const auto idle = std::chrono::steady_clock::now() - lastUse_;
+    note.ultimoUso
+        = TDateTime::FromSeconds(ClockNow().Seconds() - std::chrono::duration_cast<std::chrono::seconds>(idle).count());
+    note.navegadorAberto = link_ != nullptr;
+    return note;
 }
 
 // The application's side --------------------------------------------------------------------------------------------------
@@ -202,11 +281,21 @@ bool TWebSession::CarryOut(TClientMessage& message)
         return false;
     }
     if (message.dialog != dialogs_.Top()) {
-        Refuse(message.number, "another dialog waits for an answer");
+        Refuse(message.number, "Outra pergunta espera uma resposta.");
+        return false;
+    }
+    if (message.event.kind == TUserEvent::TKind::OpenForm && !Offers(message.event.text)) {
+        Refuse(message.number, "O menu não oferece a tela " + message.event.text + ".");
         return false;
     }
     NoteEntered(message.event);
     return true;
+}
+
+bool TWebSession::Offers(std::string_view screenClass) const
+{
+    return std::ranges::any_of(
+        workplace_->Menu(), [&](const TMenuEntry& entry) { return SameText(entry.screenClass, screenClass); });
 }
 
 void TWebSession::PassOver(std::int64_t number)
@@ -223,7 +312,7 @@ void TWebSession::GiveRows(const TClientMessage& message)
         return dialogs_.SetWindow(message.dialog, message.first, message.count);
     auto* grid = dynamic_cast<TGrid*>(FindControl(message.event));
     if (!grid)
-        return Refuse(message.number, "no such grid");
+        return Refuse(message.number, "A grade não existe.");
     image_.SetWindow(*grid, message.first, message.count);
     ControlChanged(*grid);
 }
@@ -372,8 +461,22 @@ void TWebSession::TellEverything()
     Tell();
 }
 
+// What others may know of the session, whatever its thread is at.
+void TWebSession::NoteState()
+{
+    std::vector<std::string> screens;
+    for (const auto* form : application_->Forms()) {
+        if (form->Showing())
+            screens.push_back(form->PlainCaption());
+    }
+    const std::lock_guard lock(mutex_);
+    note_.telas = std::move(screens);
+    note_.pendenteDesde = workplace_ ? workplace_->PendingSince() : TDateTime();
+}
+
 void TWebSession::Tell()
 {
+    NoteState();
     {
         const std::lock_guard lock(mutex_);
         if (!link_ || attachedAnew_)
@@ -381,7 +484,8 @@ void TWebSession::Tell()
     }
     json message = json::object();
     if (doneTold_ < 0)
-        message.update({{"session", id_}, {"title", application_->Title}});
+        TellBeginning(message);
+    TellStatus(message);
     TellScreens(message);
     dialogs_.Tell(message);
     TellFocus(message);
@@ -395,6 +499,30 @@ void TWebSession::Tell()
     message["turn"] = turn_;
     doneTold_ = done_;
     Send(message);
+}
+
+void TWebSession::TellBeginning(json& message)
+{
+    auto menu = json::array();
+    for (const auto& entry : workplace_->Menu())
+        menu.push_back({{"group", entry.group}, {"caption", entry.caption}, {"class", entry.screenClass}});
+    message["session"] = id_;
+    message["title"] = application_->Title;
+    message["user"] = {{"code", user_.code}, {"name", user_.name}};
+    message["menu"] = std::move(menu);
+    pendingTold_.reset();
+}
+
+// Seconds are told, so that the client's clock may be another.
+void TWebSession::TellStatus(json& message)
+{
+    const auto since = note_.pendenteDesde;
+    if (pendingTold_ == since)
+        return;
+    pendingTold_ = since;
+    auto& pending = message["status"]["pending"];
+    if (!since.IsBlank())
+        pending = std::max<std::int64_t>(0, ClockNow().Seconds() - since.Seconds());
 }
 
 void TWebSession::TellScreens(json& message)

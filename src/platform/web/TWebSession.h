@@ -2,11 +2,14 @@
 
 #include "forms/IView.h"
 #include "forms/TUserEvent.h"
+#include "host/TConectados.h"
+#include "platform/session/ISessionHost.h"
 #include "platform/web/IClientLink.h"
 #include "platform/web/TClientMessage.h"
 #include "platform/web/TDialogStack.h"
 #include "platform/web/TScreenImage.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -24,9 +27,6 @@ namespace alinhavo {
 
 class TApplication;
 
-/// Makes a user's application, on the session's thread.
-using TApplicationMaker = std::function<std::unique_ptr<TApplication>(IEventSource&, IView&)>;
-
 /// A user's work: one thread with one application, which outlives the connections of its client.
 ///
 /// What the client sends is carried out in its order. A message that was sent before the client could know that the focus, the
@@ -36,24 +36,31 @@ class TWebSession final : private IEventSource, private IView {
 public:
     static constexpr std::size_t MaxWaiting = 1000; ///< messages that a client may send ahead
 
-    TWebSession(std::string id, TApplicationMaker maker);
+    /// What it refers to outlives it.
+    TWebSession(std::string id, TSessionUser user, ISessionHost& host, TConectados& connected);
     /// Ends it and waits until its thread is done.
     ~TWebSession() override;
     TWebSession(const TWebSession&) = delete;
     TWebSession& operator=(const TWebSession&) = delete;
 
     // From any thread.
+    const std::string& Id() const { return id_; }
+    const TSessionUser& User() const { return user_; }
     /// The client that sees the session from now on: it is told everything. The one before is told that it was replaced.
     void Attach(std::shared_ptr<IClientLink> link);
     /// The client went away; the session waits for another.
     void Detach(const IClientLink& link);
     /// A message of this client. One that is not as it should be is answered with an error, and changes nothing.
     void Receive(IClientLink& from, std::string_view text);
-    /// Every modal run unwinds and the thread ends; nothing waits for it.
-    void End();
+    /// Every modal run unwinds, what is not committed is undone and the thread ends; nothing waits for it. The user is told
+    /// why: now, or when he comes in again if he is not there or loses work. Empty: he wanted it.
+    void End(std::string_view why);
     /// Until its thread is done.
     void Wait();
     bool Ended() const;
+    /// When its user last did something.
+    std::chrono::steady_clock::time_point LastUse() const;
+    TConectado Note() const;
 
 private:
     /// Where a keystroke would go.
@@ -73,6 +80,7 @@ private:
         TFocus focus = {}; ///< where the key was pressed
     };
 
+    void Cancel(const IClientLink& from);
     void Run();
 
     // On the session's thread, called by its application.
@@ -91,6 +99,7 @@ private:
     bool Take(TClientMessage& message);
     bool CarryOut(TClientMessage& message);
     TUserEvent Begin(TUserEvent event, std::int64_t number);
+    bool Offers(std::string_view screenClass) const;
     void PassOver(std::int64_t number);
     void GiveRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
@@ -99,15 +108,22 @@ private:
     TFocus FocusNow() const;
     TControl* FocusedControl() const;
     TControl* FindControl(const TUserEvent& event) const;
+    void Work();
+    void Farewell(std::string told);
+    void NoteState();
     void Tell();
     void TellEverything();
+    void TellBeginning(nlohmann::json& message);
+    void TellStatus(nlohmann::json& message);
     void TellScreens(nlohmann::json& message);
     void TellFocus(nlohmann::json& message);
     void Send(const nlohmann::json& message);
     void Refuse(std::int64_t number, std::string_view why);
 
     const std::string id_;
-    const TApplicationMaker maker_;
+    const TSessionUser user_;
+    ISessionHost& host_;
+    TConectados& connected_;
 
     // Shared with the threads of the connections.
     mutable std::mutex mutex_;
@@ -117,7 +133,11 @@ private:
     bool attachedAnew_ = false;
     std::int64_t received_ = 0;
     bool ending_ = false;
+    std::string endingWhy_;
     bool ended_ = false;
+    IWorkplace* workplace_ = nullptr;
+    TConectado note_;
+    std::chrono::steady_clock::time_point lastUse_ = std::chrono::steady_clock::now();
 
     // The session's thread alone.
     TApplication* application_ = nullptr;
@@ -137,6 +157,7 @@ private:
     std::int64_t turn_ = 1;
     TFocus focus_;
     bool focusTold_ = false;
+    std::optional<TDateTime> pendingTold_;
 
     std::thread thread_;
 };

@@ -4,6 +4,7 @@
 
 #include <boost/asio/dispatch.hpp>
 #include <boost/asio/post.hpp>
+#include <nlohmann/json.hpp>
 
 namespace alinhavo {
 
@@ -22,23 +23,27 @@ TWebSocketConnection::TWebSocketConnection(beast::tcp_stream stream, std::shared
 {
 }
 
-void TWebSocketConnection::Accept(const THttpRequest& request, std::string cookie)
+void TWebSocketConnection::Accept(const THttpRequest& request, const std::string& why)
 {
     beast::get_lowest_layer(stream_).expires_never();
     websocket::stream_base::timeout timeout{std::chrono::seconds(30), std::chrono::seconds(40), true};
     stream_.set_option(timeout);
     stream_.read_message_max(TClientMessage::MaxBytes);
-    if (!cookie.empty()) {
-        stream_.set_option(websocket::stream_base::decorator([cookie](websocket::response_type& response) {
-            response.set(boost::beast::http::field::set_cookie, cookie);
-        }));
-    }
-    stream_.async_accept(request, [self = shared_from_this()](beast::error_code error) {
+    stream_.async_accept(request, [self = shared_from_this(), why](beast::error_code error) {
         if (error)
             return;
+        if (!self->session_)
+            return self->Dismiss(why);
         self->session_->Attach(self);
         self->Read();
     });
+}
+
+// A page cannot see why a connection of messages is refused: so it is accepted, told and closed.
+void TWebSocketConnection::Dismiss(const std::string& why)
+{
+    Send(nlohmann::json({{"ended", why}}).dump());
+    Close();
 }
 
 void TWebSocketConnection::Read()

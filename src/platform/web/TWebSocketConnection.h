@@ -16,15 +16,17 @@ class TWebSession;
 /// A client's connection to its session.
 class TWebSocketConnection final : public IClientLink, public std::enable_shared_from_this<TWebSocketConnection> {
 public:
+    /// Without a session its client is only told why.
     TWebSocketConnection(boost::beast::tcp_stream stream, std::shared_ptr<TWebSession> session);
 
-    /// Answers the request to become a connection of messages, and gives the client a cookie when it is not empty.
-    void Accept(const THttpRequest& request, std::string cookie);
+    /// Answers the request to become a connection of messages.
+    void Accept(const THttpRequest& request, const std::string& why);
 
     void Send(std::string message) override;
     void Close() override;
 
 private:
+    void Dismiss(const std::string& why);
     void Read();
     void Received(boost::beast::error_code error);
     void Queue(std::string message);

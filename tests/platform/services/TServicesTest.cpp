@@ -10,7 +10,8 @@ void TServicesTest::SetUp()
     TDatabaseTest::SetUp();
     if (IsSkipped())
         return;
-    preferences = Connect();
+    preferencesDatabase = Connect();
+    preferences = std::make_unique<TPreferences>(*preferencesDatabase);
     static int last = 0;
     folder = std::filesystem::temp_directory_path()
         / ("alinhavo-services-" + std::to_string(getpid()) + "-" + std::to_string(++last));
@@ -35,6 +36,7 @@ void TServicesTest::TearDown()
     app.reset();
     services.reset();
     preferences.reset();
+    preferencesDatabase.reset();
     if (!folder.empty())
         std::filesystem::remove_all(folder);
     TDatabaseTest::TearDown();

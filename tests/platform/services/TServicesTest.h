@@ -30,7 +30,8 @@ protected:
     /// Runs the code as a handler of the session.
     void Do(std::function<void()> code) { user.Do(*app, std::move(code)); }
 
-    std::unique_ptr<TSqlDatabase> preferences;
+    std::unique_ptr<TSqlDatabase> preferencesDatabase;
+    std::unique_ptr<TPreferences> preferences;
     std::filesystem::path folder;
     TConfiguration configuration;
     TTrustedPasswords passwords;

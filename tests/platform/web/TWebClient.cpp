@@ -27,8 +27,17 @@ TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOp
     boost::asio::io_context context;
     beast::tcp_stream stream(context);
     stream.connect(At(port));
-    http::request<http::empty_body> request(options.verb, path, 11);
+    http::request<http::string_body> request(options.verb, path, 11);
     request.set(http::field::host, HostOf(port));
+    if (const auto origin = OriginOf(port, options); !origin.empty())
+        request.set(http::field::origin, origin);
+    if (!options.cookie.empty())
+        request.set(http::field::cookie, options.cookie);
+    if (!options.body.empty()) {
+        request.set(http::field::content_type, "application/json");
+        request.body() = options.body;
+        request.prepare_payload();
+    }
     if (!options.etag.empty())
         request.set(http::field::if_none_match, options.etag);
     if (!options.encoding.empty())
@@ -41,20 +50,27 @@ TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOp
     return parser.release();
 }
 
+std::string LogIn(std::uint16_t port, const std::string& user, const std::string& password)
+{
+    const json account = {{"usuario", user}, {"senha", password}};
+    const auto answer = Request(port, "/entrar", {.verb = http::verb::post, .body = account.dump()});
+    const std::string cookie(answer[http::field::set_cookie]);
+    return cookie.substr(0, cookie.find(';'));
+}
+
 TWebClient::TWebClient(std::uint16_t port, const TRequestOptions& options)
     : stream_(context_)
+    , cookie_(options.cookie.empty() ? LogIn(port, options.user) : options.cookie)
 {
+    const std::string wanted = options.cookie.empty() ? "nova" : options.session;
     beast::get_lowest_layer(stream_).connect(At(port));
     stream_.set_option(beast::websocket::stream_base::decorator([&](beast::websocket::request_type& request) {
         if (const auto origin = OriginOf(port, options); !origin.empty())
             request.set(http::field::origin, origin);
-        if (!options.cookie.empty())
-            request.set(http::field::cookie, options.cookie);
+        if (!cookie_.empty())
+            request.set(http::field::cookie, cookie_);
     }));
-    beast::websocket::response_type response;
-    stream_.handshake(response, HostOf(port), "/sessao");
-    const std::string given(response[http::field::set_cookie]);
-    cookie_ = given.empty() ? options.cookie : given.substr(0, given.find(';'));
+    stream_.handshake(HostOf(port), "/sessao?id=" + wanted);
     Receive();
     number_ = state_.value("done", 0);
 }

@@ -17,6 +17,9 @@ struct TRequestOptions {
     std::string etag = {};
     std::string encoding = {};
     boost::beast::http::verb verb = boost::beast::http::verb::get;
+    std::string user = "ANA"; ///< who comes in when there is no cookie
+    std::string session = {}; ///< the one wanted
+    std::string body = {};
 };
 
 using TWebAnswer = boost::beast::http::response<boost::beast::http::string_body>;
@@ -24,10 +27,13 @@ using TWebAnswer = boost::beast::http::response<boost::beast::http::string_body>
 /// One request over a connection of its own; the path is sent as it stands.
 TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOptions& options = {});
 
+/// The cookie of a new login; empty when it is refused.
+std::string LogIn(std::uint16_t port, const std::string& user, const std::string& password = "demo");
+
 /// A small client that speaks the protocol and keeps the numbers.
 class TWebClient {
 public:
-    /// Throws boost::system::system_error when the server refuses.
+    /// Comes in and begins a session when it has no cookie. Throws boost::system::system_error when the server refuses.
     explicit TWebClient(std::uint16_t port, const TRequestOptions& options = {});
 
     const std::string& Cookie() const { return cookie_; }

@@ -3,12 +3,15 @@
 #include "forms/TEdit.h"
 #include "forms/TGrid.h"
 #include "forms/TMemTable.h"
+#include "platform/session/clock.h"
 #include "platform/web/TWebServer.h"
 #include "TWebClient.h"
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <mutex>
 #include <thread>
 
 namespace alinhavo {
@@ -67,13 +70,62 @@ private:
     void btnFalhaClick() { throw std::runtime_error("disco cheio"); }
 };
 
-std::unique_ptr<TApplication> MakeApplication(IEventSource& source, IView& view)
-{
-    auto application = std::make_unique<TApplication>(source, &view);
-    application->RegisterForm("TfmTeste", [](TApplication& app) { return std::make_unique<TfmTeste>(app); });
-    application->LoadForm("TfmTeste").Show();
-    return application;
-}
+class TTestWorkplace final : public IWorkplace {
+public:
+    TTestWorkplace(IEventSource& source, IView& view, TDateTime pendingSince)
+        : application_(source, &view)
+        , pendingSince_(pendingSince)
+    {
+        application_.RegisterForm("TfmTeste", [](TApplication& app) { return std::make_unique<TfmTeste>(app); });
+        application_.RegisterForm("TfmOutra", [](TApplication& app) { return std::make_unique<TfmTeste>(app); });
+        application_.LoadForm("TfmTeste").Show();
+    }
+
+    TApplication& Application() override { return application_; }
+    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
+    TDateTime PendingSince() const override { return pendingSince_; }
+    void Cancel() override { }
+
+private:
+    TApplication application_;
+    TDateTime pendingSince_;
+    std::vector<TMenuEntry> menu_ = {{"Testes", "Teste", "TfmTeste"}};
+};
+
+class TTestHost final : public ISessionHost {
+public:
+    std::optional<TSessionUser> LogIn(std::string_view name, std::string_view password) override
+    {
+        ++tries;
+        return password == "demo" ? std::optional(TSessionUser{std::string(name), "Ana"}) : std::nullopt;
+    }
+    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    {
+        return std::make_unique<TTestWorkplace>(source, view, pendingSince);
+    }
+    TClientSettings Settings(const TSessionUser& user) override { return settings[user.code]; }
+    void WriteSettings(const TSessionUser& user, const TClientSettings& written) override
+    {
+        for (const auto& [name, value] : written)
+            settings[user.code][name] = value;
+    }
+    void LeaveNotice(const TSessionUser&, std::string_view text) override
+    {
+        const std::lock_guard lock(mutex);
+        notice = text;
+    }
+    std::string TakeNotice(const TSessionUser&) override
+    {
+        const std::lock_guard lock(mutex);
+        return std::exchange(notice, {});
+    }
+
+    TDateTime pendingSince; ///< of every session
+    std::atomic<int> tries = 0;
+    std::map<std::string, TClientSettings> settings;
+    std::mutex mutex;
+    std::string notice;
+};
 
 class WebServer : public testing::Test {
 protected:
@@ -85,13 +137,29 @@ protected:
         Write("client/assets/app-1.js.gz", "compressed");
         Write("secret.txt", "secret");
         fs::create_symlink(folder_ / "secret.txt", folder_ / "client/link.txt");
-        server_ = std::make_unique<TWebServer>(
-            TWebOptions{.port = 0, .clientFolder = folder_ / "client", .maxSessions = 3}, MakeApplication);
+        Start();
     }
     ~WebServer() override
     {
         server_.reset();
         fs::remove_all(folder_);
+    }
+
+    void Start(std::chrono::steady_clock::duration idle = std::chrono::hours(1))
+    {
+        server_.reset();
+        TWebOptions options;
+        options.port = 0;
+        options.clientFolder = folder_ / "client";
+        options.limits = {.sessions = 3, .idle = idle};
+        options.loginPenalty = std::chrono::milliseconds(100);
+        options.sweep = std::chrono::milliseconds(20);
+        server_ = std::make_unique<TWebServer>(options, host_);
+    }
+
+    TWebAnswer Post(const std::string& path, const json& body, const std::string& cookie = {})
+    {
+        return Request(Port(), path, {.cookie = cookie, .verb = http::verb::post, .body = body.dump()});
     }
 
     void Write(const fs::path& file, std::string_view content)
@@ -114,6 +182,7 @@ protected:
     std::uint16_t Port() const { return server_->Port(); }
 
     fs::path folder_ = fs::path(testing::TempDir()) / ("alinhavo_web_" + std::to_string(::getpid()));
+    TTestHost host_;
     std::unique_ptr<TWebServer> server_;
 };
 
@@ -350,10 +419,100 @@ TEST_F(WebServer, TwoSessionsDoNotSeeOneAnother)
     EXPECT_EQ(TWebClient(Port(), {.cookie = second.Cookie()}).Property("edtPrimeiro", "text"), "two");
 }
 
-TEST_F(WebServer, AnUnknownCookieGetsASessionOfItsOwn)
+TEST_F(WebServer, WithoutALoginNothingIsOpened)
 {
-    const TWebClient client(Port(), {.cookie = "alinhavo=guessed"});
-    EXPECT_NE(client.Cookie(), "alinhavo=guessed");
+    EXPECT_THROW(TWebClient(Port(), {.cookie = "alinhavo=guessed"}), boost::system::system_error);
+    EXPECT_THROW(TWebClient(Port(), {.cookie = "x=y"}), boost::system::system_error);
+    EXPECT_EQ(Get("/quem").result(), http::status::unauthorized);
+    EXPECT_EQ(Get("/preferencias").result(), http::status::unauthorized);
+    EXPECT_EQ(Post("/sair", json::object()).result(), http::status::unauthorized);
+    EXPECT_EQ(server_->SessionCount(), 0U);
+}
+
+TEST_F(WebServer, WrongPasswordsSlowDown)
+{
+    const auto began = std::chrono::steady_clock::now();
+    for (int round = 0; round < 4; ++round)
+        EXPECT_EQ(LogIn(Port(), "ANA", "errada"), "");
+    EXPECT_GE(std::chrono::steady_clock::now() - began, std::chrono::milliseconds(300));
+    EXPECT_EQ(host_.tries, 4);
+}
+
+TEST_F(WebServer, ALoginFromAnotherSiteIsRefused)
+{
+    const auto answer = Request(Port(), "/entrar",
+        {.origin = "http://evil.example", .verb = http::verb::post, .body = R"({"usuario":"ANA","senha":"demo"})"});
+    EXPECT_EQ(answer.result(), http::status::forbidden);
+    EXPECT_EQ(host_.tries, 0);
+}
+
+TEST_F(WebServer, AMalformedLoginIsRefused)
+{
+    for (const std::string body : {"{", "[]", "7", R"({"usuario":7,"senha":"demo"})"})
+        EXPECT_EQ(
+            Request(Port(), "/entrar", {.verb = http::verb::post, .body = body}).result(), http::status::bad_request)
+            << body;
+    EXPECT_EQ(host_.tries, 0);
+}
+
+TEST_F(WebServer, AScreenThatTheMenuDoesNotOfferIsNotOpened)
+{
+    TWebClient client(Port());
+    EXPECT_EQ(client.State()["menu"][0]["class"], "TfmTeste");
+    EXPECT_TRUE(client.Do({{"event", "open"}, {"class", "TfmOutra"}}).contains("refused"));
+    EXPECT_FALSE(client.Do({{"event", "open"}, {"class", "TfmTeste"}}).contains("refused"));
+}
+
+TEST_F(WebServer, WorkThatWaitsIsOfferedToItsUserAlone)
+{
+    std::string name;
+    {
+        const TWebClient client(Port());
+        name = client.State()["session"];
+    }
+    const auto welcome = json::parse(Post("/entrar", {{"usuario", "ANA"}, {"senha", "demo"}}).body());
+    ASSERT_EQ(welcome["sessoes"].size(), 1U);
+    EXPECT_EQ(welcome["sessoes"][0]["id"], name);
+    EXPECT_EQ(welcome["sessoes"][0]["telas"], json::array({"Teste"}));
+
+    const auto stranger = LogIn(Port(), "BRUNO");
+    EXPECT_EQ(json::parse(Get("/quem", {.cookie = stranger}).body())["sessoes"].size(), 0U);
+    const TWebClient refused(Port(), {.cookie = stranger, .session = name});
+    EXPECT_EQ(refused.State()["ended"], "Essa sessão já terminou.");
+}
+
+TEST_F(WebServer, GoingOutAsksAboutPendingWork)
+{
+    host_.pendingSince = ClockNow();
+    TWebClient client(Port());
+    EXPECT_FALSE(client.State()["status"]["pending"].is_null());
+    EXPECT_EQ(Post("/sair", json::object(), client.Cookie()).result(), http::status::conflict);
+    EXPECT_EQ(Post("/sair", {{"desfazer", true}}, client.Cookie()).result(), http::status::ok);
+    EXPECT_EQ(Get("/quem", {.cookie = client.Cookie()}).result(), http::status::unauthorized);
+}
+
+TEST_F(WebServer, TheEndOfAnIdleSessionIsToldAtTheNextLogin)
+{
+    host_.pendingSince = ClockNow();
+    Start(std::chrono::milliseconds(1));
+    TWebClient client(Port());
+    while (!client.State().contains("ended"))
+        client.Receive();
+    EXPECT_NE(client.State()["ended"].get<std::string>().find("por falta de uso"), std::string::npos);
+    const auto welcome = json::parse(Post("/entrar", {{"usuario", "ANA"}, {"senha", "demo"}}).body());
+    EXPECT_NE(welcome["aviso"].get<std::string>().find("foi desfeito"), std::string::npos);
+}
+
+TEST_F(WebServer, SettingsAreKeptForTheirUser)
+{
+    const auto cookie = LogIn(Port(), "ANA");
+    const auto put = [&](const std::string& body) {
+        return Request(Port(), "/preferencias", {.cookie = cookie, .verb = http::verb::put, .body = body}).result();
+    };
+    EXPECT_EQ(put(R"({"tema":"escuro"})"), http::status::ok);
+    EXPECT_EQ(put("{\"tema\":\"" + std::string(9000, 'x') + "\"}"), http::status::bad_request);
+    EXPECT_EQ(json::parse(Get("/preferencias", {.cookie = cookie}).body()), json({{"tema", "escuro"}}));
+    EXPECT_EQ(json::parse(Get("/preferencias", {.cookie = LogIn(Port(), "BRUNO")}).body()), json::object());
 }
 
 TEST_F(WebServer, ThereAreNoMoreSessionsThanAllowed)
@@ -361,7 +520,8 @@ TEST_F(WebServer, ThereAreNoMoreSessionsThanAllowed)
     const TWebClient one(Port());
     const TWebClient two(Port());
     const TWebClient three(Port());
-    EXPECT_THROW(TWebClient four(Port()), boost::system::system_error);
+    EXPECT_EQ(TWebClient(Port()).State()["ended"], std::string(TSessionRegistry::TooMany));
+    EXPECT_EQ(Post("/entrar", {{"usuario", "BRUNO"}, {"senha", "demo"}}).result(), http::status::service_unavailable);
 }
 
 TEST_F(WebServer, SessionsWorkSideBySide)

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace alinhavo::roteiro {
 
@@ -35,6 +36,8 @@ public:
     virtual void Execute(const std::string& sql) = 0;
     /// Rows as others see them: what is committed.
     virtual TTableData Query(const std::string& sql) = 0;
+    /// What is committed against the rules of movement, one text for each row that breaks one. Empty: all is well.
+    virtual std::vector<std::string> Violations() = 0;
     virtual void SetParameter(const TParameter& parameter) = 0;
     /// For all users.
     virtual void SetSetting(const TSetting& setting) = 0;

@@ -222,4 +222,13 @@ void TChecks::operator()(const TExpectReportText& check) const
         throw EMismatch{Quoted(check.text), got.empty() ? "a report without text" : Quoted(got)};
 }
 
+void TChecks::operator()(const TExpectSound&) const
+{
+    std::string list;
+    for (const auto& violation : world_.Violations())
+        list.append("\n    ").append(violation);
+    if (!list.empty())
+        throw EMismatch{"no error in the tables", list};
+}
+
 } // namespace alinhavo::roteiro

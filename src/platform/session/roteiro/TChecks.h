@@ -28,6 +28,7 @@ public:
     void operator()(const TExpectLogRows& check) const;
     void operator()(const TExpectReport& check) const;
     void operator()(const TExpectReportText& check) const;
+    void operator()(const TExpectSound& check) const;
 
 private:
     IPlayedSession& Session() const;

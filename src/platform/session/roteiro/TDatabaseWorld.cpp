@@ -2,6 +2,7 @@
 
 #include "platform/services/TUserSettings.h"
 #include "platform/session/roteiro/TPlayedSession.h"
+#include "platform/verification/TVerification.h"
 
 #include <stdexcept>
 #include <utility>
@@ -38,6 +39,7 @@ void TDatabaseWorld::Begin(TFactory factory)
 {
     address_ = copies_.Make(factory);
     database_ = OpenDatabase(*address_);
+    preferences_ = std::make_unique<TPreferences>(*database_);
     folder_ = copies_.Folder()
         / ("arquivos_" + (address_->name.empty() ? fs::path(address_->path).stem().string() : address_->name));
     fs::create_directories(folder_ / "enviados");
@@ -61,6 +63,18 @@ void TDatabaseWorld::Execute(const std::string& sql)
     Commit([&] { database_->ExecText(sql); });
 }
 
+/// A remark is what the rules allow.
+std::vector<std::string> TDatabaseWorld::Violations()
+{
+    std::vector<std::string> errors;
+    for (const auto& violation : Verify(*database_)) {
+        if (violation.severity == TSeverity::Error)
+            errors.push_back(
+                "[" + std::string(violation.check) + "] " + std::string(violation.text) + ": " + violation.keys);
+    }
+    return errors;
+}
+
 void TDatabaseWorld::SetParameter(const TParameter& parameter)
 {
     Commit([&] {
@@ -80,7 +94,7 @@ void TDatabaseWorld::SetSetting(const TSetting& setting)
 
 void TDatabaseWorld::WriteSetting(const TSetting& setting, const std::string& user)
 {
-    TUserSettings(*database_, user).Write(settingsSection, setting.name, setting.value);
+    TUserSettings(*preferences_, user).Write(settingsSection, setting.name, setting.value);
 }
 
 void TDatabaseWorld::SetNow(TDateTime now)
@@ -107,7 +121,7 @@ std::unique_ptr<IPlayedSession> TDatabaseWorld::LogIn(const std::string& name)
     return std::make_unique<TPlayedSession>(OpenDatabase(*address_, {.company = std::string(company)}),
         *std::move(user), std::string(company),
         TPlayedSession::TGround{
-            .preferences = *database_,
+            .preferences = *preferences_,
             .configuration = configuration_,
             .passwords = passwords_,
             .rfid = rfid_.IsEmpty() ? nullptr : &rfid_,

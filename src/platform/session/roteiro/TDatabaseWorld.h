@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/services/TConfiguration.h"
+#include "platform/services/TPreferences.h"
 #include "platform/services/TTrustedPasswords.h"
 #include "platform/session/roteiro/IWorld.h"
 #include "platform/session/roteiro/TDatabaseCopies.h"
@@ -26,6 +27,7 @@ public:
     void Begin(TFactory factory) override;
     void Execute(const std::string& sql) override;
     TTableData Query(const std::string& sql) override { return database_->OpenText(sql); }
+    std::vector<std::string> Violations() override;
     void SetParameter(const TParameter& parameter) override;
     void SetSetting(const TSetting& setting) override;
     void SetNow(TDateTime now) override;
@@ -49,6 +51,7 @@ private:
     TDateTime now_;
     std::optional<TDatabaseAddress> address_;
     std::unique_ptr<TSqlDatabase> database_;
+    std::unique_ptr<TPreferences> preferences_;
 };
 
 } // namespace alinhavo::roteiro

@@ -198,6 +198,7 @@ struct TExpectReport {
 struct TExpectReportText {
     std::string text;
 };
+struct TExpectSound { }; ///< no error among the tables of production
 
 // The dialogs that an action raises.
 
@@ -234,8 +235,8 @@ struct TModal {
 using TStep = std::variant<TDatabase, TParameter, TSetting, TSql, TRfid, TToday, TUser, TSwitchSession, TPlannedFailure,
     TOpen, TClose, TActivate, TClick, TFill, TPass, TWrite, TChoose, TCheck, TTurn, TPress, TFillCell, TGoToRow,
     TDoubleClick, TMenu, TTitleClick, TExpectText, TExpectState, TExpectRows, TExpectSum, TExpectCell, TExpectItems,
-    TExpectColumn, TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText, TMessage,
-    TQuestion, TInput, TLookup, TSupervisor, TFile, TModal>;
+    TExpectColumn, TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText, TExpectSound,
+    TMessage, TQuestion, TInput, TLookup, TSupervisor, TFile, TModal>;
 
 /// Where a line stands.
 struct TPlace {

@@ -13,7 +13,7 @@ class TPlayedSession final : public IPlayedSession {
 public:
     /// What it stands on, its connection and its reports aside.
     struct TGround {
-        TSqlDatabase& preferences;
+        TPreferences& preferences;
         const TConfiguration& configuration;
         const IPasswords& passwords;
         TOrvRFID* rfid; ///< null: the reader service itself

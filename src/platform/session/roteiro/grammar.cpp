@@ -299,6 +299,8 @@ TStep ConfereRelatorio(TScanner& scanner)
     return TExpectReport{std::move(layout)};
 }
 
+TStep Verifica(TScanner&) { return TExpectSound{}; }
+
 TStep ConfereItens(TScanner& scanner, std::string control)
 {
     TExpectItems expect{std::move(control), {}};
@@ -419,6 +421,7 @@ const std::map<std::string_view, TForm> forms{
     {"menu", Menu},
     {"titulo", Titulo},
     {"confere", Confere},
+    {"verifica", Verifica},
     {"!", Mensagem},
     {"?", Pergunta},
     {">", Entrada},

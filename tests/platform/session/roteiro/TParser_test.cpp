@@ -252,6 +252,12 @@ TEST(RoteiroParser, ReadsChecksOfTheReport)
     EXPECT_EQ(Step<TExpectReportText>("confere relatorio contem \"Total 12\"").text, "Total 12");
 }
 
+TEST(RoteiroParser, ReadsVerificationsWithoutAnythingBehindThem)
+{
+    Step<TExpectSound>("verifica");
+    EXPECT_ANY_THROW(Step<TExpectSound>("verifica FACCAO"));
+}
+
 // Dialogs
 
 TEST(RoteiroParser, ReadsMessagesAndQuestions)

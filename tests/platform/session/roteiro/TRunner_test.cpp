@@ -21,6 +21,7 @@ public:
         executed.push_back(sql);
     }
     TTableData Query(const std::string& sql) override { return Answer("committed " + sql); }
+    std::vector<std::string> Violations() override { return violations; }
     void SetParameter(const TParameter& parameter) override { executed.push_back(parameter.group); }
     void SetSetting(const TSetting& setting) override { executed.push_back(setting.name); }
     void SetNow(TDateTime now) override { now_ = now; }
@@ -53,6 +54,7 @@ public:
     std::vector<TFactory> begun;
     std::vector<std::string> executed;
     std::map<std::string, std::vector<TValue>> answers;
+    std::vector<std::string> violations;
 
 private:
     class TSessionOnPaper final : public IPlayedSession {
@@ -384,6 +386,17 @@ TEST_F(RoteiroRunner, ComparesAQuerysRowColumnByColumn)
             "5: expected \"12\", got \"12\" nulo \"Ana  Lima\" \"2.5\"",
             "6: expected \"1\", got 0 rows",
             "7: expected \"12\", got \"13\"",
+        }));
+}
+
+TEST_F(RoteiroRunner, TellsEachViolationAndGoesOn)
+{
+    EXPECT_WENT_WELL("verifica");
+    world.violations = {"[ordem] sem OF: NUMERO=1", "[excesso] saiu mais: NUMERO=2"};
+    EXPECT_EQ(Play("verifica\nconfere edtCodigo = x"),
+        (Failures{
+            "4: expected no error in the tables, got \n    [ordem] sem OF: NUMERO=1\n    [excesso] saiu mais: NUMERO=2",
+            "5: expected \"x\", got \"\"",
         }));
 }
 

@@ -120,6 +120,21 @@ TEST_P(RoteiroSuite, ReadsTheLogOfASession)
         "a.rot:4: expected \"Um\", got \"Dois\"\n    confere log ultimo \"FLUXO\" \"Um\"\n0 passed, 1 failed\n");
 }
 
+TEST_P(RoteiroSuite, VerifiesTheTablesOfTheStory)
+{
+    EXPECT_EQ(Report("verifica"), wentWell);
+    const std::string line
+        = "sql INSERT INTO FACCAO (NUMERO, CODIGO, COR, TAM, QT_ORIG, QUANT, QUANT_2, QUANT_I, QUANT_F, "
+          "PARTE) VALUES ('000123', 'CAM01', '000009', 'M', 5, 0, 0, 0, 0, '01')\n";
+    EXPECT_EQ(Report(line + "verifica"),
+        "a.rot:2: expected no error in the tables, got \n    [ordem] A posição é de uma OF que não existe: "
+        "NUMERO=000123\n    verifica\n0 passed, 1 failed\n");
+    // What is only a remark is let pass.
+    EXPECT_EQ(Report("sql INSERT INTO OF1 (NUMERO, CODIGO) VALUES ('000123', 'CAM01')\n" + line
+                  + "sql UPDATE FACCAO SET QT_ORIG = -1\nverifica"),
+        wentWell);
+}
+
 TEST_P(RoteiroSuite, KnowsNoUserWhoIsBlocked)
 {
     EXPECT_EQ(Report("sql UPDATE ACESSO_USUARIOS SET BLOQUEADO = 'S'\nusuario ADMIN"),

@@ -1,0 +1,210 @@
+// The two production reports beside the bare driver on the same query: how long until the screen has its lines, what a line costs in
+// memory, and whether both grow linearly. Then the sheet of "Pendente por Setor" as HTML and, where Chromium is, as PDF.
+// PostgreSQL is measured when ALINHAVO_TEST_POSTGRESQL names a server's superuser. An argument is the number of lines.
+
+#include "platform/database/OpenDatabase.h"
+#include "platform/database/schema.h"
+#include "platform/report/TPdfPrinter.h"
+#include "platform/report/TReports.h"
+#include "platform/services/TEmptyDatabase.h"
+#include "platform/services/TTrustedPasswords.h"
+#include "platform/session/TSession.h"
+#include "reports/TfmRelFacDia.h"
+#include "reports/TfmRelFacPen.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace {
+
+using namespace alinhavo;
+
+constexpr int Rounds = 3;
+
+double Milliseconds(const std::function<void()>& work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+}
+
+/// The median of a few rounds.
+double Median(const std::function<void()>& work)
+{
+    std::vector<double> times;
+    for (int round = 0; round < Rounds; ++round)
+        times.push_back(Milliseconds(work));
+    std::ranges::sort(times);
+    return times[times.size() / 2];
+}
+
+/// Nobody sits before the screens: a box that comes up ends the measurement.
+struct TNobody final : IEventSource {
+    TUserEvent Next() override { throw std::runtime_error("a screen asks something"); }
+};
+
+void Execute(TSqlDatabase& database, const std::string& sql) { database.ExecText(sql); }
+
+/// A factory with as many pending lines, each with one return.
+void Fill(TSqlDatabase& database, int lines)
+{
+    FillEmptyDatabase(database);
+    Execute(database, "INSERT INTO CADFLUXO (CODIGO, DESCRICAO, ORDEM, DIAS_SEMANA) VALUES ('20', 'COSTURA', 1, 5)");
+    Execute(database, "INSERT INTO TIPO_APL (CODIGO, DESCRICAO, ESTOQUE) VALUES ('01', 'Corpo', 'S')");
+    Execute(database, "INSERT INTO CADCOR (COR, DESCRICAO) VALUES ('000001', 'Branco')");
+    Execute(database, "INSERT INTO TABTAM (TAM, ACRESCIMO) VALUES ('M', 1)");
+    Execute(
+        database, "INSERT INTO PRODUTO (CODIGO, DESCRICAO, UNIDADE, PESO) VALUES ('CAM01', 'Camisa polo', 'PC', 0.2)");
+    for (int client = 1; client <= 50; ++client) {
+        database.ExecSQL(TStatement("INSERT INTO {ENTIDADE} (CODCLI, NOME) VALUES (?, ?)",
+            std::to_string(10000 + client), "Facção " + std::to_string(client)));
+    }
+    const auto day = TDateTime::FromDate(2026, 11, 20);
+    for (int line = 0; line < lines; ++line) {
+        const auto order = std::to_string(100000 + line / 20);
+        const auto client = std::to_string(10001 + line / 20 % 50);
+        if (line % 20 == 0)
+            database.ExecSQL(
+                TStatement("INSERT INTO {OF1} (NUMERO, CODIGO, PERIODO) VALUES (?, 'CAM01', '202611')", order));
+        database.ExecSQL(TStatement(R"(INSERT INTO {FACCAO} (NUMERO, CODIGO, COR, TAM, PARTE, OP, CODCLI, MOV, QT_ORIG,
+            QUANT, QUANT_2, QUANT_I, QUANT_F, DT_S, DT_R) VALUES (?, 'CAM01', '000001', 'M', '01', '20', ?, ?, 100,
+            30, 0, 0, 0, ?, ?))",
+            order, client, line, day.AddDays(-line % 30), day.AddDays(line % 20)));
+    }
+    Execute(
+        database, R"(INSERT INTO FACCAO3 (NUMERO, CODIGO, COR, TAM, PARTE, OP, CODCLI, ID_ANT, QUANT, QUANT_2, DT_LAN)
+        SELECT NUMERO, CODIGO, COR, TAM, PARTE, OP, CODCLI, IDENTIFICADOR, QUANT, 0, DT_S FROM FACCAO)");
+    database.CommitRetaining();
+}
+
+/// A session over the database, and the longest statement that it sends.
+class TBench {
+public:
+    TBench(const char* server, TSqlDatabase& database, int lines)
+        : server_(server)
+        , database_(database)
+        , lines_(lines)
+        , preferences_(database)
+        , reports_({.layouts = {ALINHAVO_LAYOUTS},
+              .sharedRoot = {},
+              .show = [this](const TFinishedReport& report, TForm&) { document_ = report.document; }})
+        , session_(nobody_, nullptr,
+              {.database = database,
+                  .preferences = preferences_,
+                  .configuration = configuration_,
+                  .user = {"ADMIN", "ADMIN"},
+                  .company = "01",
+                  .passwords = passwords_,
+                  .openDatabase = {},
+                  .reports = &reports_})
+    {
+        session_.SetNow(TDateTime::FromDateTime(2026, 11, 20, 12, 0, 0));
+        database_.OnStatement = [this](const TStatement& statement) {
+            if (statement.Text().size() > longest_.Text().size())
+                longest_ = statement;
+        };
+    }
+
+    void Run()
+    {
+        Pending();
+        Day();
+    }
+
+private:
+    void Pending()
+    {
+        TfmRelFacPen screen(session_);
+        screen.CbReproc.SetChecked(false);
+        Compare("Pendente por Setor", [&] { screen.btnExecutaSQLClick(); });
+        std::printf("      %zu lines, %zu bytes a line\n", screen.TbRel.RecordCount(),
+            screen.TbRel.Bytes() / std::max<std::size_t>(screen.TbRel.RecordCount(), 1));
+        const auto html = Median([&] { screen.btnImprimirClick(); });
+        std::printf("      sheet as HTML %.0f ms, %.1f MB\n", html, static_cast<double>(document_.size()) / 1e6);
+        Print();
+    }
+
+    void Print()
+    {
+        std::string pdf;
+        const auto time = Milliseconds([&] { pdf = TPdfPrinter("chromium").Print(document_); });
+        std::printf("      sheet as PDF %.1f s, %d pages\n", time / 1000, Pages(pdf));
+    }
+
+    static int Pages(const std::string& pdf)
+    {
+        int pages = 0;
+        for (auto at = pdf.find("/Count "); at != std::string::npos; at = pdf.find("/Count ", at + 1))
+            pages = std::max(pages, std::atoi(pdf.c_str() + at + 7));
+        return pages;
+    }
+
+    void Day()
+    {
+        TfmRelFacDia screen(session_);
+        screen.DataDe.SetDate(TDateTime::FromDate(2026, 10, 21));
+        screen.DataAte.SetDate(TDateTime::FromDate(2026, 11, 20));
+        Compare("Relatório de Produção Dia", [&] { screen.btnExecutaSQLClick(); });
+    }
+
+    void Compare(const char* name, const std::function<void()>& click)
+    {
+        longest_ = TStatement();
+        click();
+        const auto query = longest_;
+        const auto bare = Median([&] { database_.Open(query); });
+        const auto screen = Median(click);
+        std::printf("%5.2f x (limit 1.30 and 100 ms)  %s, %d lines, %s: %.0f ms, bare query %.0f ms\n", screen / bare,
+            name, lines_, server_, screen, bare);
+        std::fflush(stdout);
+    }
+
+    const char* server_;
+    TSqlDatabase& database_;
+    int lines_;
+    TPreferences preferences_;
+    TNobody nobody_;
+    TConfiguration configuration_;
+    TTrustedPasswords passwords_;
+    std::string document_;
+    TReports reports_;
+    TSession session_;
+    TStatement longest_;
+};
+
+void Measure(const char* server, const TDatabaseAddress& address, int lines)
+{
+    CreateDatabase(address, {.forcedWrites = false});
+    {
+        const auto database = OpenDatabase(address);
+        MigrateSchema(*database);
+        Fill(*database, lines);
+        TBench(server, *database, lines).Run();
+    }
+    DropDatabase(address);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int largest = argc > 1 ? std::atoi(argv[1]) : 50'000;
+    const auto folder = std::filesystem::temp_directory_path() / ("bench_relatorios_" + std::to_string(getpid()));
+    std::filesystem::create_directory(folder);
+    for (const int lines : {largest / 10, largest}) {
+        Measure("Firebird", TDatabaseAddress::Parse((folder / "bench.fdb").string()), lines);
+        if (const char* server = std::getenv("ALINHAVO_TEST_POSTGRESQL")) {
+            const std::string uri(server);
+            const auto address = TDatabaseAddress::Parse(
+                uri.substr(0, uri.rfind('/') + 1) + "bench_relatorios_" + std::to_string(getpid()));
+            Measure("PostgreSQL", address, lines);
+        }
+    }
+    std::filesystem::remove_all(folder);
+}

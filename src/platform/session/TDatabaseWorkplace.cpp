@@ -1,0 +1,69 @@
+#include "platform/session/TDatabaseWorkplace.h"
+
+#include "platform/database/OpenDatabase.h"
+#include "platform/session/clock.h"
+
+#include <chrono>
+
+namespace alinhavo {
+
+namespace {
+
+std::unique_ptr<TSqlDatabase> OpenOther(const std::string& address)
+{
+    return OpenDatabase(TDatabaseAddress::Parse(address));
+}
+
+} // namespace
+
+TDatabaseWorkplace::TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, const TGround& ground,
+    IEventSource& source, IView& view, const std::function<void(TApplication&)>& registerScreens)
+    : database_(std::move(database))
+    , session_(source, &view,
+          TSessionSetup{
+              .database = *database_,
+              .preferences = ground.preferences,
+              .configuration = ground.configuration,
+              .user = ground.user,
+              .company = ground.company,
+              .passwords = ground.passwords,
+              .openDatabase = OpenOther,
+          })
+{
+    registerScreens(session_);
+    menu_ = ReadMenu(*database_, session_, ground.user.code);
+}
+
+TDateTime TDatabaseWorkplace::PendingSince() const
+{
+    if (!database_->Pending())
+        return {};
+    const auto age = std::chrono::steady_clock::now() - database_->PendingSince();
+    return TDateTime::FromSeconds(ClockNow().Seconds() - std::chrono::duration_cast<std::chrono::seconds>(age).count());
+}
+
+std::vector<TMenuEntry> ReadMenu(TOrvDatabase& database, const TApplication& application, std::string_view userCode)
+{
+    const auto rows = database.Open(TStatement(R"(
+        SELECT M.NIVEL, M.DESCRICAO, COALESCE(M.NOME_FORM, '') AS TELA, COALESCE(A.CONSULTA, '') AS CONSULTA
+          FROM {ACESSO_MENU} M LEFT JOIN {ACESSO} A ON A.LOCAL = M.NIVEL AND A.USUARIO = ?
+         ORDER BY M.NIVEL)",
+        userCode));
+    std::vector<TMenuEntry> menu;
+    std::string heading;
+    std::string group;
+    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+        const std::string level(rows.Column(0).Text(row));
+        const std::string caption(rows.Column(1).Text(row));
+        const std::string screen(rows.Column(2).Text(row));
+        if (screen.empty()) {
+            heading = level + ".";
+            group = caption;
+        } else if (rows.Column(3).Text(row) == "Sim" && application.KnowsForm(screen)) {
+            menu.push_back({level.starts_with(heading) ? group : std::string(), caption, screen});
+        }
+    }
+    return menu;
+}
+
+} // namespace alinhavo

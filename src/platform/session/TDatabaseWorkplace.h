@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/database/TSqlDatabase.h"
+#include "platform/session/IWorkplace.h"
+#include "platform/session/TSession.h"
+
+#include <functional>
+
+namespace alinhavo {
+
+class TConectados;
+
+/// A user's session over a connection of its own.
+class TDatabaseWorkplace final : public IWorkplace {
+public:
+    /// What it shares with others, and whose it is. What is referred to outlives it.
+    struct TGround {
+        TPreferences& preferences;
+        const TConfiguration& configuration;
+        const IPasswords& passwords;
+        TSessionUser user;
+        std::string company;
+        TConectados& connected;
+    };
+
+    TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, const TGround& ground, IEventSource& source, IView& view,
+        const std::function<void(TApplication&)>& registerScreens);
+
+    TApplication& Application() override { return session_; }
+    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
+    TDateTime PendingSince() const override;
+    void Cancel() override { database_->Cancel(); }
+
+private:
+    std::unique_ptr<TSqlDatabase> database_;
+    TSession session_;
+    std::vector<TMenuEntry> menu_;
+};
+
+/// The entries of the menu (ACESSO_MENU) whose screen the application knows and the user may consult. An entry's group is the
+/// heading above it.
+std::vector<TMenuEntry> ReadMenu(TOrvDatabase& database, const TApplication& application, std::string_view userCode);
+
+} // namespace alinhavo

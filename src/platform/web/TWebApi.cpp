@@ -1,0 +1,202 @@
+#include "platform/web/TWebApi.h"
+
+#include "platform/session/ISessionHost.h"
+#include "platform/web/TSessionRegistry.h"
+
+#include <algorithm>
+#include <array>
+#include <boost/asio/post.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <nlohmann/json.hpp>
+
+namespace alinhavo {
+
+namespace http = boost::beast::http;
+using json = nlohmann::json;
+
+struct TWebApi::TRoute {
+    std::string_view path;
+    http::verb verb = http::verb::get;
+    void (TWebApi::*answer)(const TCall&) = nullptr;
+    bool open = false; ///< to whoever has no login
+};
+
+namespace {
+
+constexpr std::size_t MaxCredential = 200; ///< bytes of a name or a password
+
+constexpr std::string_view NoLogin = "É preciso entrar.";
+constexpr std::string_view WrongPassword = "Usuário ou senha inválidos.";
+constexpr std::string_view Malformed = "O pedido não está como deveria.";
+
+/// The object in the request's body; throws json::exception when it holds none.
+json BodyOf(const THttpRequest& request)
+{
+    const auto type = request[http::field::content_type];
+    if (!type.starts_with("application/json"))
+        return json::parse("");
+    auto body = json::parse(request.body());
+    return body.is_object() ? body : json::parse("");
+}
+
+/// A text member, empty when it is missing; throws json::exception when it is something else.
+std::string TextOf(const json& object, const char* member)
+{
+    const auto found = object.find(member);
+    return found == object.end() || found->is_null() ? std::string() : found->get<std::string>();
+}
+
+} // namespace
+
+TWebApi::TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
+    TLoginGuard::TDuration firstPenalty)
+    : context_(context)
+    , host_(host)
+    , sessions_(sessions)
+    , guard_(firstPenalty)
+{
+}
+
+TWebApi::~TWebApi()
+{
+    passwords_.stop();
+    passwords_.join();
+}
+
+std::span<const TWebApi::TRoute> TWebApi::Routes()
+{
+    static constexpr std::array routes = {
+        TRoute{"/quem", http::verb::get, &TWebApi::WhoIs},
+        TRoute{"/entrar", http::verb::post, &TWebApi::ComeIn, true},
+        TRoute{"/sair", http::verb::post, &TWebApi::GoOut},
+        TRoute{"/preferencias", http::verb::get, &TWebApi::GiveSettings},
+        TRoute{"/preferencias", http::verb::put, &TWebApi::TakeSettings},
+    };
+    return routes;
+}
+
+bool TWebApi::Knows(std::string_view path)
+{
+    return std::ranges::any_of(Routes(), [&](const TRoute& route) { return route.path == path; });
+}
+
+void TWebApi::Answer(const THttpRequest& request, const std::string& address, TReply reply)
+{
+    TCall call{request, address, std::move(reply), {}, {}};
+    const auto path = PathOf(request);
+    const auto route = std::ranges::find_if(
+        Routes(), [&](const TRoute& each) { return each.path == path && each.verb == request.method(); });
+    if (route == Routes().end())
+        return call.Refuse(http::status::method_not_allowed, "Método não permitido.");
+    if (request.find(http::field::origin) != request.end() && !FromOwnPage(request))
+        return call.Refuse(http::status::forbidden, "Acesso negado a partir de outra página.");
+    if (!route->open) {
+        call.secret = CookieOf(request, SessionCookie);
+        const auto user = sessions_.UserOf(call.secret);
+        if (!user)
+            return call.Refuse(http::status::unauthorized, NoLogin);
+        call.user = *user;
+    }
+    try {
+        (this->*route->answer)(call);
+    } catch (const json::exception&) {
+        call.Refuse(http::status::bad_request, Malformed);
+    } catch (const std::exception& error) {
+        call.Refuse(http::status::internal_server_error, error.what());
+    }
+}
+
+void TWebApi::TCall::Give(http::status status, const json& answer) const { reply(AnswerJson(request, status, answer)); }
+
+void TWebApi::TCall::Refuse(http::status status, std::string_view text) const { Give(status, {{"erro", text}}); }
+
+json TWebApi::Welcome(const TSessionUser& user) const
+{
+    auto sessions = json::array();
+    for (const auto& session : sessions_.SessionsOf(user.code)) {
+        const auto note = session->Note();
+        sessions.push_back(
+            {{"id", note.id}, {"desde", note.desde.TextWithHour()}, {"uso", note.ultimoUso.TextWithHour()},
+                {"telas", note.telas}, {"pendente", !note.pendenteDesde.IsBlank()}, {"aberta", note.navegadorAberto}});
+    }
+    return {{"usuario", user.code}, {"nome", user.name}, {"sessoes", std::move(sessions)}};
+}
+
+void TWebApi::WhoIs(const TCall& call) { call.Give(http::status::ok, Welcome(call.user)); }
+
+void TWebApi::ComeIn(const TCall& call)
+{
+    const auto body = BodyOf(call.request);
+    const auto user = TextOf(body, "usuario");
+    const auto password = TextOf(body, "senha");
+    if (user.empty() || user.size() > MaxCredential || password.size() > MaxCredential)
+        return call.Refuse(http::status::unauthorized, WrongPassword);
+
+    const auto wait = guard_.Begin(user, call.address, std::chrono::steady_clock::now());
+    if (wait > TLoginGuard::Longest)
+        return call.Refuse(
+            http::status::too_many_requests, "Muitas tentativas com senha errada. Espere um minuto e tente de novo.");
+    const auto timer = std::make_shared<boost::asio::steady_timer>(context_, wait);
+    timer->async_wait([this, timer, call, user, password](boost::system::error_code) {
+        boost::asio::post(passwords_, [this, call, user, password] { LookAtPassword(call, user, password); });
+    });
+}
+
+void TWebApi::LookAtPassword(const TCall& call, const std::string& name, const std::string& password)
+try {
+    const auto user = host_.LogIn(name, password);
+    if (!user) {
+        guard_.Failed(name, call.address, std::chrono::steady_clock::now());
+        return call.Refuse(http::status::unauthorized, WrongPassword);
+    }
+    guard_.Succeeded(name, call.address);
+    auto welcome = Welcome(*user);
+    if (sessions_.Full() && welcome["sessoes"].empty())
+        return call.Refuse(http::status::service_unavailable, TSessionRegistry::TooMany);
+    if (const auto notice = host_.TakeNotice(*user); !notice.empty())
+        welcome["aviso"] = notice;
+    auto response = AnswerJson(call.request, http::status::ok, welcome);
+    response.set(http::field::set_cookie, CookieOfLogin(sessions_.LogIn(*user)));
+    call.reply(std::move(response));
+} catch (const std::exception& error) {
+    call.Refuse(http::status::internal_server_error, error.what());
+}
+
+void TWebApi::GoOut(const TCall& call)
+{
+    const auto body = BodyOf(call.request);
+    const auto session = sessions_.Find(call.secret, TextOf(body, "sessao"));
+    if (session && !session->Note().pendenteDesde.IsBlank() && !body.value("desfazer", false))
+        return call.Give(
+            http::status::conflict, {{"erro", "Há trabalho que ainda não foi gravado."}, {"pendente", true}});
+    if (session)
+        session->End("");
+    auto response = AnswerJson(call.request, http::status::ok, json::object());
+    if (!sessions_.LogOut(call.secret, session ? session->Id() : std::string()))
+        response.set(http::field::set_cookie, CookieOfLogin({}));
+    call.reply(std::move(response));
+}
+
+void TWebApi::GiveSettings(const TCall& call)
+{
+    auto all = json::object();
+    for (const auto& [name, value] : host_.Settings(call.user))
+        all[name] = json::parse(value, nullptr, false);
+    call.Give(http::status::ok, all);
+}
+
+void TWebApi::TakeSettings(const TCall& call)
+{
+    const auto body = BodyOf(call.request);
+    TClientSettings settings;
+    for (const auto& [name, value] : body.items()) {
+        const auto text = value.is_null() ? std::string() : value.dump();
+        if (name.empty() || name.size() > ISessionHost::MaxSettingName || text.size() > ISessionHost::MaxSetting)
+            return call.Refuse(http::status::bad_request, "A preferência é grande demais.");
+        settings[name] = text;
+    }
+    host_.WriteSettings(call.user, settings);
+    call.Give(http::status::ok, json::object());
+}
+
+} // namespace alinhavo

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/services/TSessionUser.h"
+#include "platform/web/THttpAnswer.h"
+#include "platform/web/TLoginGuard.h"
+
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/thread_pool.hpp>
+#include <functional>
+#include <nlohmann/json_fwd.hpp>
+#include <span>
+#include <string>
+
+namespace alinhavo {
+
+class ISessionHost;
+class TSessionRegistry;
+
+/// What a client asks for beside its session's messages: coming in and going out, its settings.
+class TWebApi {
+public:
+    /// Called once, from any thread.
+    using TReply = std::function<void(THttpResponse)>;
+
+    /// What it refers to outlives it.
+    TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
+        TLoginGuard::TDuration firstPenalty);
+    /// Waits for the password that is being looked at.
+    ~TWebApi();
+    TWebApi(const TWebApi&) = delete;
+    TWebApi& operator=(const TWebApi&) = delete;
+
+    /// The path is one of this; otherwise it may be a file's.
+    static bool Knows(std::string_view path);
+    void Answer(const THttpRequest& request, const std::string& address, TReply reply);
+
+private:
+    struct TCall {
+        THttpRequest request;
+        std::string address;
+        TReply reply;
+        std::string secret; ///< of the login; empty with a route that is open
+        TSessionUser user;
+
+        void Give(boost::beast::http::status status, const nlohmann::json& answer) const;
+        void Refuse(boost::beast::http::status status, std::string_view text) const;
+    };
+    struct TRoute;
+
+    static std::span<const TRoute> Routes();
+    void WhoIs(const TCall& call);
+    void ComeIn(const TCall& call);
+    void LookAtPassword(const TCall& call, const std::string& user, const std::string& password);
+    void GoOut(const TCall& call);
+    void GiveSettings(const TCall& call);
+    void TakeSettings(const TCall& call);
+    nlohmann::json Welcome(const TSessionUser& user) const;
+
+    boost::asio::io_context& context_;
+    ISessionHost& host_;
+    TSessionRegistry& sessions_;
+    TLoginGuard guard_;
+    boost::asio::thread_pool passwords_{1}; ///< one password at a time: looking at one takes all of a processor
+};
+
+} // namespace alinhavo

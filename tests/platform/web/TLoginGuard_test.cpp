@@ -1,0 +1,64 @@
+#include "platform/web/TLoginGuard.h"
+
+#include <gtest/gtest.h>
+
+namespace alinhavo {
+namespace {
+
+using std::chrono::minutes;
+using std::chrono::seconds;
+
+const TLoginGuard::TTime start{};
+
+TEST(LoginGuard, ATypingErrorCostsNothing)
+{
+    TLoginGuard guard;
+    guard.Failed("ANA", "10.0.0.1", start);
+    EXPECT_EQ(guard.Begin("ANA", "10.0.0.1", start), seconds(0));
+}
+
+TEST(LoginGuard, EachFurtherTryWaitsTwiceAsLong)
+{
+    TLoginGuard guard;
+    auto now = start;
+    guard.Failed("ANA", "10.0.0.1", now);
+    for (const auto expected : {seconds(1), seconds(2), seconds(4), seconds(8), seconds(16)}) {
+        guard.Failed("ana", "10.0.0.1", now);
+        const auto wait = guard.Begin("ANA", "10.0.0.1", now);
+        EXPECT_EQ(wait, expected);
+        now += wait;
+    }
+}
+
+TEST(LoginGuard, ManyTriesAtOnceLineUpAndAreTurnedAway)
+{
+    TLoginGuard guard;
+    for (int round = 0; round < 6; ++round)
+        guard.Failed("ANA", "10.0.0.1", start);
+    EXPECT_EQ(guard.Begin("ANA", "10.0.0.1", start), seconds(16));
+    EXPECT_GT(guard.Begin("ANA", "10.0.0.1", start), TLoginGuard::Longest);
+}
+
+TEST(LoginGuard, OthersDoNotWait)
+{
+    TLoginGuard guard;
+    for (int round = 0; round < 9; ++round)
+        guard.Failed("ANA", "10.0.0.1", start);
+    EXPECT_EQ(guard.Begin("BRUNO", "10.0.0.1", start), seconds(0));
+    EXPECT_EQ(guard.Begin("ANA", "10.0.0.2", start), seconds(0));
+}
+
+TEST(LoginGuard, TheRightPasswordAndTimeForgive)
+{
+    TLoginGuard guard;
+    for (int round = 0; round < 9; ++round)
+        guard.Failed("ANA", "10.0.0.1", start);
+    EXPECT_EQ(guard.Begin("ANA", "10.0.0.1", start + minutes(16)), seconds(0));
+    for (int round = 0; round < 9; ++round)
+        guard.Failed("ANA", "10.0.0.1", start);
+    guard.Succeeded("ANA", "10.0.0.1");
+    EXPECT_EQ(guard.Begin("ANA", "10.0.0.1", start), seconds(0));
+}
+
+} // namespace
+} // namespace alinhavo
