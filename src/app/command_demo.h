@@ -10,7 +10,7 @@ namespace alinhavo {
 struct TDemoOptions {
     std::string database; ///< where it is to be made, as the command line writes it
     std::uint64_t seed = 1;
-    int scale = 1; ///< how many times as many orders
+    int scale = 1; ///< of its volume
     TDateTime today = TDateTime::FromDate(2026, 11, 16); ///< what the factory's dates are told from
 };
 

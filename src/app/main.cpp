@@ -36,7 +36,7 @@ int main(int argc, char** argv)
     constexpr int largestScale = 1000;
     demoCommand
         .add_option("--escala", demo.scale,
-            "Quantas vezes as OFs, para medir com volume: 100 passa de um milhão de movimentos.")
+            "Volume, para medir: 100 dá mais de um milhão de movimentos, em dois anos; 10, a décima parte.")
         ->check(CLI::Range(1, largestScale))
         ->capture_default_str();
     AddDay(demoCommand, "--hoje", demo.today, "Dia de que as datas são contadas, DD/MM/AAAA.");

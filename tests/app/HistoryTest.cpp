@@ -13,7 +13,7 @@ constexpr const char* lastOfHistory = "026300";
 constexpr int copiedOrders = 300; ///< how far the number of a copy is from its order's
 constexpr int copiedDays = 49; ///< how much earlier it is
 
-/// The factory with its history, and each order once more.
+/// The factory with its history, and every third order once more.
 class DemoHistory : public TDemoTest {
 protected:
     void SetUp() override
@@ -84,9 +84,9 @@ TEST_P(DemoHistory, NothingContradictsTheRules) { ExpectNoError(); }
 
 TEST_P(DemoHistory, ACopiedOrderDiffersFromTheOneDrivenThroughTheScreenInNumbersAndDaysAlone)
 {
-    const std::string order
-        = Texts({"SELECT MIN(DOCUMENTO) FROM {PA_MOV} WHERE ORIGEM = 'FC' AND DOCUMENTO <= ?", lastOfHistory}).front();
-    const std::string copy = "0" + std::to_string(std::stoi(order) + copiedOrders);
+    const std::string copy
+        = Texts({"SELECT MIN(DOCUMENTO) FROM {PA_MOV} WHERE ORIGEM = 'FC' AND DOCUMENTO > ?", lastOfHistory}).front();
+    const std::string order = "0" + std::to_string(std::stoi(copy) - copiedOrders);
     for (const auto& [table, column] : std::initializer_list<std::pair<std::string_view, std::string_view>>{
              {"FACCAO", "NUMERO"}, {"FACCAO3", "NUMERO"}, {"OF_ITEN", "NUMERO"}, {"PA_MOV", "DOCUMENTO"}}) {
         const TTableData driven = RowsOf(table, column, order);
@@ -106,17 +106,21 @@ TEST_P(DemoHistory, ACopiedOrderDiffersFromTheOneDrivenThroughTheScreenInNumbers
 
 TEST_P(DemoHistory, ACopiedOrderMovesOnThroughTheScreen)
 {
-    const std::string order = Texts({R"(
-        SELECT MIN(NUMERO) FROM {FACCAO}
-         WHERE NUMERO > ? AND OP = '02' AND PARTE = '01' AND MOV = 1
-           AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0)",
-                                        lastOfHistory})
-                                  .front();
+    const TTableData waiting = db->Open({R"(
+        SELECT NUMERO, OP, MOV FROM {FACCAO}
+         WHERE NUMERO > ? AND OP IN ('02', '05', '06') AND PARTE = '01'
+           AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0
+         ORDER BY IDENTIFICADOR)",
+        lastOfHistory});
+    ASSERT_GT(waiting.RowCount(), 0U);
+    const std::string order(waiting.Column(0).Text(0));
+    const std::string sector(waiting.Column(1).Text(0));
+    const std::string batch = waiting.Column(2).Value(0).AsString();
     const auto before = Count({"SELECT MAX(IDENTIFICADOR) FROM {FACCAO}"});
     {
         TMovementClerk clerk(*db, {"ANA", "ANA"});
         clerk.BeginDay(Today());
-        clerk.Move({.order = order, .part = "01", .sector = "02", .batch = "1"},
+        clerk.Move({.order = order, .part = "01", .sector = sector, .batch = batch},
             [](int pending) { return TMovementClerk::TLeaving{.good = pending}; });
     }
     EXPECT_GT(Count({"SELECT MAX(IDENTIFICADOR) FROM {FACCAO} WHERE NUMERO = ?", order}), before);

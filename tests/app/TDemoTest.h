@@ -29,7 +29,7 @@ protected:
 /// database, made anew.
 TSqlDatabase& FilledDatabase(TDatabaseServer server, std::uint64_t seed, TDateTime today, int copy = 1);
 
-/// Likewise, with the history of the orders, and as many orders once more.
+/// Likewise, with the history of the orders, and some orders once more.
 TSqlDatabase& FactoryAtWork(TDatabaseServer server);
 
 /// Tells two tables apart: by table name, a sum over all rows in the order of the key. The passwords, whose salt is drawn

@@ -42,8 +42,8 @@ public:
     void Fill();
     /// Moves the orders through the factory up to today and commits. Once, after Fill.
     void MakeHistory();
-    /// Has the factory that many times as many orders, with their history, over the two years before; commits. Once, after
-    /// MakeHistory. 1 does nothing.
+    /// Copies a third of the orders with their history once less than `scale` times, spread over the two years before, and
+    /// commits. Once, after MakeHistory. 1 does nothing.
     void Multiply(int scale);
 
     const TDemoSummary& Summary() const { return summary_; }

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int weeksOfHistory = 104;
 constexpr int weeksOfOpenOrders = 13; ///< before that all orders are finished
+constexpr std::size_t share = 3; ///< a copy takes every third order
 constexpr int weekStep = 7; ///< has no common divisor with the weeks, so that the copies spread over all of them
 
 /// How far a copy of the orders is from them.
@@ -89,10 +90,11 @@ TStatement CopyOf(const TOrderTable& table, const TShift& shift, const std::stri
     return sql;
 }
 
-std::string ListOf(const TTableData& rows)
+/// Every so manieth, from that one on.
+std::string ListOf(const TTableData& rows, std::size_t from = 0, std::size_t every = 1)
 {
     std::string list;
-    for (std::size_t row = 0; row < rows.RowCount(); ++row)
+    for (std::size_t row = from; row < rows.RowCount(); row += every)
         list.append(list.empty() ? "" : ",").append(Aspas(rows.Column(0).Text(row)));
     return list;
 }
@@ -105,11 +107,10 @@ void TDemoFactory::Multiply(int scale)
 {
     if (scale <= 1)
         return;
-    const std::string all = ListOf(database_.Open({"SELECT NUMERO FROM {OF1} ORDER BY NUMERO"}));
-    const std::string finished = ListOf(database_.Open({R"(
+    const TTableData all = database_.Open({"SELECT NUMERO FROM {OF1} ORDER BY NUMERO"});
+    const TTableData finished = database_.Open({R"(
         SELECT NUMERO FROM {FACCAO} GROUP BY NUMERO
-        HAVING SUM(CASE WHEN QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0 THEN 1 ELSE 0 END) = 0 ORDER BY NUMERO)"}));
-    const std::string sales = ListOf(database_.Open({"SELECT NUMERO FROM {PEDIDO} ORDER BY NUMERO"}));
+        HAVING SUM(CASE WHEN QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0 THEN 1 ELSE 0 END) = 0 ORDER BY NUMERO)"});
     const auto lines = database_.Open({"SELECT MAX(IDENTIFICADOR) FROM {FACCAO}"}).Column(0).Integer(0);
 
     for (int copy = 1; copy < scale; ++copy) {
@@ -118,8 +119,13 @@ void TDemoFactory::Multiply(int scale)
             .salesOrders = copy * summary_.salesOrders,
             .lines = copy * lines,
             .days = weeks * 7};
+        const std::string orders
+            = ListOf(weeks < weeksOfOpenOrders ? all : finished, static_cast<std::size_t>(copy) % share, share);
+        const std::string sales = ListOf(database_.Open({"SELECT DISTINCT PEDIDO FROM {OF1} WHERE NUMERO IN (?) AND "
+                                                         "PEDIDO <> '' ORDER BY PEDIDO",
+            TLiteralList(orders)}));
         for (const TOrderTable& table : orderTables)
-            database_.ExecSQL(CopyOf(table, shift, weeks < weeksOfOpenOrders ? all : finished, false));
+            database_.ExecSQL(CopyOf(table, shift, orders, false));
         for (const TOrderTable& table : salesTables)
             database_.ExecSQL(CopyOf(table, shift, sales, true));
         database_.CommitRetaining();

@@ -1,5 +1,6 @@
 #include "app/demo/TDemoFactory.h"
 #include "app/demo/TMovementClerk.h"
+#include "platform/database/schema.h"
 
 #include <algorithm>
 #include <map>
@@ -52,8 +53,10 @@ void TDemoFactory::MakeHistory()
         const auto [date, batch] = *due.begin();
         due.erase(due.begin());
         if (day != date) {
-            if (day.IsBlank() || day.Month() != date.Month())
+            if (day.IsBlank() || day.Month() != date.Month()) {
                 CloseInventory(date);
+                RefreshStatistics(database_);
+            }
             day = date;
             clerk.BeginDay(day);
         }
