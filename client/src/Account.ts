@@ -54,9 +54,13 @@ export const comeIn = (usuario: string, senha: string) => ask<Welcome>("POST", "
 /** Ends the session. Refused while something waits to be stored, unless that may be undone. */
 export const goOut = (sessao: string, desfazer: boolean) => ask<object>("POST", "/sair", { sessao, desfazer });
 
+const largestFile = 20 * 1024 * 1024;
+
 /** What the file is called on the server, to be given as the answer of the dialog that asked for it. */
-export async function sendFile(file: File): Promise<string> {
-    const response = await fetch(`/arquivo?nome=${encodeURIComponent(file.name)}`, { method: "POST", body: file });
+export async function sendFile(file: File, sessao: string): Promise<string> {
+    if (file.size > largestFile) throw new Error("O arquivo é grande demais.");
+    const query = new URLSearchParams({ nome: file.name, sessao });
+    const response = await fetch(`/arquivo?${query}`, { method: "POST", body: file });
     const answer = (await response.json().catch(() => ({}))) as { arquivo?: string; erro?: string };
     if (!response.ok || answer.arquivo === undefined) throw new Error(answer.erro ?? "O arquivo não pôde ser enviado.");
     return answer.arquivo;

@@ -1,5 +1,6 @@
 #include "app/command_demo.h"
 #include "app/command_roteiro.h"
+#include "app/command_senha.h"
 #include "app/command_servir.h"
 #include "app/command_verifica.h"
 
@@ -58,6 +59,11 @@ int main(int argc, char** argv)
     servirCommand.add_option("--cliente", servir.client, "Pasta do cliente compilado.");
     AddDay(servirCommand, "--hoje", servir.today, "Dia das sessões, DD/MM/AAAA; sem ele, o do relógio.");
 
+    TSenhaOptions senha;
+    CLI::App& senhaCommand = *app.add_subcommand("senha", "Dá uma senha a um usuário.");
+    senhaCommand.add_option("usuario", senha.user, "Nome ou código do usuário.")->required();
+    senhaCommand.add_option("--banco", senha.database, "Arquivo Firebird ou endereço do banco.")->required();
+
     TVerificaOptions verifica;
     CLI::App& verificaCommand
         = *app.add_subcommand("verifica", "Confere as tabelas entre si e mostra o que não combina.");
@@ -67,6 +73,8 @@ int main(int argc, char** argv)
     CLI11_PARSE(app, argc, argv);
     if (demoCommand.parsed())
         return RunDemo(demo);
+    if (senhaCommand.parsed())
+        return RunSenha(senha);
     if (servirCommand.parsed())
         return RunServir(servir);
     return roteiroCommand.parsed() ? RunRoteiro(roteiro) : RunVerifica(verifica);

@@ -70,6 +70,7 @@ public:
     std::size_t RowCount() const;
     std::int64_t CurrentRow() const; ///< from 0, -1 when empty
     std::string CellText(std::size_t row, const TGridColumn& column) const;
+    std::string TitleOf(const TGridColumn& column) const;
     TRowColor RowColor(std::size_t row) const;
     /// Another number when rows other than the current one may look different.
     std::uint64_t RowsVersion() const { return rowsVersion_; }
@@ -135,7 +136,6 @@ private:
     bool Editable(int column) const;
     int NextColumn(int from, int step, bool editableOnly) const;
     TField* FieldOf(int column) const;
-    std::string TitleOf(const TGridColumn& column) const;
     TGridColumn& Existing(std::string_view field);
     void TakeFieldsAsColumns() const;
 

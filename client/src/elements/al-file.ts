@@ -67,7 +67,7 @@ export class FileElement extends DialogElement {
     private async sendFile(file: File, dialog: number): Promise<void> {
         this.sending = true;
         try {
-            const text = await sendFile(file);
+            const text = await sendFile(file, session.name);
             session.send({ event: "answer", dialog, button: "ok", text });
         } catch (error) {
             this.error = error instanceof Error ? error.message : "O arquivo não pôde ser enviado.";

@@ -3,6 +3,7 @@ import { customElement } from "lit/decorators.js";
 import { session } from "../Session";
 import { plainCaption } from "./caption";
 import { ControlElement } from "./ControlElement";
+import { fileAddress } from "./fileAddress";
 
 /** A picture from a file of the server. */
 @customElement("al-image")
@@ -14,7 +15,7 @@ export class ImageElement extends ControlElement {
             ${text === "" ? nothing : html`<span class="caption">${text}</span>`}
             <div class="picture" @click=${this.clicked} @dblclick=${this.doubleClicked}>
                 ${file === "" ? html`<span class="hint">Sem foto</span>`
-                    : html`<img alt=${text || "Foto"} src=${`/arquivo/${encodeURIComponent(file)}?v=${this.control.number("version")}`} />`}
+                    : html`<img alt=${text || "Foto"} src=${fileAddress(file, this.control.number("version"))} />`}
             </div>`;
     }
 

@@ -3,6 +3,7 @@ import { customElement, state } from "lit/decorators.js";
 import type { Button } from "../protocol";
 import { session } from "../Session";
 import { DialogElement } from "./DialogElement";
+import { fileAddress } from "./fileAddress";
 
 const steps = [0.25, 0.5, 1, 1.5, 2, 3, 4];
 
@@ -24,7 +25,7 @@ export class ViewerElement extends DialogElement {
             <h2 id="dialog-title">${this.dialog.state.title}${files.length > 1 ? ` (${index + 1} de ${files.length})` : ""}</h2>
             <div class="viewer-stage ${scale === null ? "fits" : ""}">
                 ${file === undefined ? html`<span class="hint">Sem foto</span>`
-                    : html`<img alt=${`Foto ${index + 1}`} src=${`/arquivo/${encodeURIComponent(file)}`} style=${scale === null ? "" : `zoom: ${scale}`} />`}
+                    : html`<img alt=${`Foto ${index + 1}`} src=${fileAddress(file)} style=${scale === null ? "" : `zoom: ${scale}`} />`}
             </div>
             <div class="answers">
                 <button type="button" class="button" tabindex="-1" ?disabled=${index === 0} @click=${() => this.turn(-1)}><span>‹ Anterior</span></button>

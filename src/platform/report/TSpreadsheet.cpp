@@ -1,6 +1,7 @@
 #include "platform/report/TSpreadsheet.h"
 
 #include "forms/text.h"
+#include "forms/TGrid.h"
 #include "platform/report/TWorkFolder.h"
 
 #include <algorithm>
@@ -17,6 +18,11 @@ namespace {
 constexpr std::size_t MostRows = LXW_ROW_MAX - 2;
 constexpr std::size_t LongestText = 32767;
 constexpr double ColumnWidth = 14;
+
+struct TSheetColumn {
+    const TField* field;
+    std::string title;
+};
 
 /// One workbook while it is written; its bytes at the end.
 class TBook {
@@ -43,13 +49,14 @@ public:
     TBook(const TBook&) = delete;
     TBook& operator=(const TBook&) = delete;
 
-    void AddSheet(const std::string& name, const TDataSet& rows, const std::set<std::string>& totalled);
+    void AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns);
+    void AddTotals(
+        const TDataSet& rows, const std::vector<TSheetColumn>& columns, const std::set<std::string>& totalled);
     std::string Finish();
 
 private:
-    void WriteTitles(const std::vector<const TField*>& fields);
+    void WriteTitles(const std::vector<TSheetColumn>& columns);
     void WriteCell(lxw_row_t row, lxw_col_t column, const TField& field, const TValue& value);
-    void WriteTotals(lxw_row_t row, const std::vector<const TField*>& fields, const std::set<std::string>& totalled);
 
     std::string File() const { return (folder_.Path() / "relatorio.xlsx").string(); }
 
@@ -60,42 +67,49 @@ private:
     lxw_format* date_ = nullptr;
 };
 
-std::vector<const TField*> ShownFields(const TDataSet& rows)
+std::size_t WrittenRows(const TDataSet& rows) { return std::min(rows.RecordCount(), MostRows); }
+
+std::vector<TSheetColumn> ShownFields(const TDataSet& rows)
 {
-    std::vector<const TField*> fields;
+    std::vector<TSheetColumn> columns;
     for (const auto* field : rows.Fields()) {
-        if (field->options.visible && fields.size() < LXW_COL_MAX)
-            fields.push_back(field);
+        const auto& title = field->options.title;
+        if (field->options.visible && columns.size() < LXW_COL_MAX)
+            columns.push_back({field, title.empty() ? field->Name() : title});
     }
-    return fields;
+    return columns;
 }
 
-void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::set<std::string>& totalled)
+std::vector<TSheetColumn> ShownColumns(const TGrid& grid)
+{
+    std::vector<TSheetColumn> columns;
+    for (const auto& column : grid.Columns()) {
+        const auto* field = grid.DataSet()->FindField(column.field);
+        if (column.visible && field && columns.size() < LXW_COL_MAX)
+            columns.push_back({field, grid.TitleOf(column)});
+    }
+    return columns;
+}
+
+void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns)
 {
     sheet_ = workbook_add_worksheet(book_, Left(name, LXW_SHEETNAME_MAX).c_str());
     if (!sheet_)
         throw std::runtime_error("A planilha \"" + name + "\" não pode ser criada.");
-    const auto fields = ShownFields(rows);
-    const auto count = std::min(rows.RecordCount(), MostRows);
     worksheet_set_column(sheet_, 0, LXW_COL_MAX - 1, ColumnWidth, nullptr);
     worksheet_freeze_panes(sheet_, 1, 0);
-    WriteTitles(fields);
-    for (std::size_t row = 0; row < count; ++row) {
-        for (std::size_t column = 0; column < fields.size(); ++column)
-            WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(column), *fields[column],
-                rows.CellValue(row, *fields[column]));
+    WriteTitles(columns);
+    for (std::size_t row = 0; row < WrittenRows(rows); ++row) {
+        for (std::size_t column = 0; column < columns.size(); ++column)
+            WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(column), *columns[column].field,
+                rows.CellValue(row, *columns[column].field));
     }
-    if (count > 0)
-        WriteTotals(static_cast<lxw_row_t>(count + 1), fields, totalled);
 }
 
-void TBook::WriteTitles(const std::vector<const TField*>& fields)
+void TBook::WriteTitles(const std::vector<TSheetColumn>& columns)
 {
-    for (std::size_t column = 0; column < fields.size(); ++column) {
-        const auto& title = fields[column]->options.title;
-        worksheet_write_string(
-            sheet_, 0, static_cast<lxw_col_t>(column), (title.empty() ? fields[column]->Name() : title).c_str(), bold_);
-    }
+    for (std::size_t column = 0; column < columns.size(); ++column)
+        worksheet_write_string(sheet_, 0, static_cast<lxw_col_t>(column), columns[column].title.c_str(), bold_);
 }
 
 void TBook::WriteCell(lxw_row_t row, lxw_col_t column, const TField& field, const TValue& value)
@@ -110,16 +124,21 @@ void TBook::WriteCell(lxw_row_t row, lxw_col_t column, const TField& field, cons
         worksheet_write_number(sheet_, row, column, value.AsFloat(), nullptr);
 }
 
-void TBook::WriteTotals(lxw_row_t row, const std::vector<const TField*>& fields, const std::set<std::string>& totalled)
+void TBook::AddTotals(
+    const TDataSet& rows, const std::vector<TSheetColumn>& columns, const std::set<std::string>& totalled)
 {
-    for (std::size_t index = 0; index < fields.size(); ++index) {
-        if (!totalled.contains(UpperCase(fields[index]->Name())))
+    const auto row = static_cast<lxw_row_t>(WrittenRows(rows) + 1);
+    if (row == 1)
+        return;
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+        const auto& field = *columns[index].field;
+        if (!totalled.contains(UpperCase(field.Name())))
             continue;
         const auto column = static_cast<lxw_col_t>(index);
         char range[LXW_MAX_CELL_RANGE_LENGTH] = {};
         lxw_rowcol_to_range(range, 1, column, row - 1, column);
-        worksheet_write_formula_num(sheet_, row, column, ("=SUM(" + std::string(range) + ")").c_str(), bold_,
-            fields[index]->DataSet().Sum(fields[index]->Name()));
+        worksheet_write_formula_num(
+            sheet_, row, column, ("=SUM(" + std::string(range) + ")").c_str(), bold_, rows.Sum(field.Name()));
     }
 }
 
@@ -142,9 +161,20 @@ std::string Spreadsheet(const TprReportBase& report)
     }
     TBook book;
     for (const auto& [name, rows] : report.DataSets) {
-        if (rows)
-            book.AddSheet(name, *rows, totalled);
+        if (!rows)
+            continue;
+        const auto columns = ShownFields(*rows);
+        book.AddSheet(name, *rows, columns);
+        book.AddTotals(*rows, columns, totalled);
     }
+    return book.Finish();
+}
+
+std::string Spreadsheet(const TGrid& grid)
+{
+    TBook book;
+    if (grid.DataSet())
+        book.AddSheet("Grade", *grid.DataSet(), ShownColumns(grid));
     return book.Finish();
 }
 

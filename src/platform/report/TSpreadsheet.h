@@ -6,8 +6,13 @@
 
 namespace alinhavo {
 
+class TGrid;
+
 /// The data behind a report as a workbook (XLSX): a sheet for each dataset with its visible rows and fields, and in its last
 /// line the sums of the fields that the report's groups total. std::runtime_error when it cannot be made.
 std::string Spreadsheet(const TprReportBase& report);
+
+/// The rows of a grid as a workbook: its visible columns with their titles. std::runtime_error when it cannot be made.
+std::string Spreadsheet(const TGrid& grid);
 
 } // namespace alinhavo

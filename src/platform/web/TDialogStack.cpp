@@ -2,6 +2,7 @@
 
 #include "forms/TDataSet.h"
 #include "forms/TDialog.h"
+#include "platform/web/TSessionFiles.h"
 
 #include <algorithm>
 #include <array>
@@ -63,19 +64,6 @@ json RowOf(const TDataSet& rows, const std::vector<const TField*>& fields, std::
     return cells;
 }
 
-json Whole(std::int64_t number, const TDialog& dialog)
-{
-    json object = {{"dialog", number}, {"kind", NameOf(KindNames, dialog.kind)}, {"title", dialog.title},
-        {"text", dialog.text}, {"icon", NameOf(IconNames, dialog.icon)}, {"buttons", ButtonsOf(dialog)},
-        {"default", NameOf(ResultNames, dialog.defaultButton)}, {"escape", NameOf(ResultNames, dialog.EscAnswer())},
-        {"value", dialog.value}, {"filter", dialog.filter}, {"beep", dialog.beep}};
-    if (dialog.rows) {
-        object["columns"] = ColumnsOf(*dialog.rows);
-        object["multiple"] = dialog.multiple;
-    }
-    return object;
-}
-
 } // namespace
 
 void TDialogStack::Open(TDialog& dialog)
@@ -108,12 +96,36 @@ void TDialogStack::Forget()
         open.rows.Forget();
 }
 
+json TDialogStack::Whole(const TOpen& open) const
+{
+    const auto& dialog = *open.dialog;
+    json object = {{"dialog", open.number}, {"kind", NameOf(KindNames, dialog.kind)}, {"title", dialog.title},
+        {"text", dialog.text}, {"icon", NameOf(IconNames, dialog.icon)}, {"buttons", ButtonsOf(dialog)},
+        {"default", NameOf(ResultNames, dialog.defaultButton)}, {"escape", NameOf(ResultNames, dialog.EscAnswer())},
+        {"value", dialog.value}, {"filter", dialog.filter}, {"beep", dialog.beep}};
+    if (dialog.rows) {
+        object["columns"] = ColumnsOf(*dialog.rows);
+        object["multiple"] = dialog.multiple;
+    }
+    for (const auto& file : dialog.files)
+        object["files"].push_back(files_.TokenOf(file));
+    return object;
+}
+
+std::vector<std::string> TDialogStack::Files() const
+{
+    std::vector<std::string> files;
+    for (const auto& open : open_)
+        files.insert(files.end(), open.dialog->files.begin(), open.dialog->files.end());
+    return files;
+}
+
 void TDialogStack::Tell(json& message)
 {
     if (changed_) {
         auto& list = message["dialogs"] = json::array();
         for (const auto& open : open_)
-            list.push_back(Whole(open.number, *open.dialog));
+            list.push_back(Whole(open));
     }
     if ((changed_ || rowsChanged_) && !open_.empty() && open_.back().dialog->rows) {
         auto& [number, dialog, image] = open_.back();

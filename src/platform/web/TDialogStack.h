@@ -10,10 +10,17 @@
 namespace alinhavo {
 
 struct TDialog;
+class TSessionFiles;
 
 /// The dialogs that wait for an answer, each with a number of its own, and what the client was told of them.
 class TDialogStack {
 public:
+    /// The client knows the server's files by the tokens that `files` gives them.
+    explicit TDialogStack(TSessionFiles& files)
+        : files_(files)
+    {
+    }
+
     void Open(TDialog& dialog);
     void Close(const TDialog& dialog);
     /// Number of the dialog on top, 0 when there is none.
@@ -24,6 +31,8 @@ public:
     void Forget();
     /// Adds "dialogs" to the message when they are others than were told, and "dialogRows" when those of a lookup are.
     void Tell(nlohmann::json& message);
+    /// The server's files that they show.
+    std::vector<std::string> Files() const;
     void Changed() { rowsChanged_ = true; }
 
 private:
@@ -33,6 +42,9 @@ private:
         TRowsImage rows;
     };
 
+    nlohmann::json Whole(const TOpen& open) const;
+
+    TSessionFiles& files_;
     std::vector<TOpen> open_;
     std::int64_t last_ = 0;
     bool changed_ = true;

@@ -1,8 +1,12 @@
 #include "platform/web/THttpAnswer.h"
 
+#include "forms/text.h"
 #include "platform/web/TStaticFiles.h"
 
 #include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
 #include <nlohmann/json.hpp>
 
 namespace alinhavo {
@@ -57,7 +61,47 @@ std::string Decoded(std::string_view text)
     return decoded;
 }
 
+constexpr std::array<std::pair<std::string_view, std::string_view>, 6> PictureTypes = {{
+    {".png", "image/png"},
+    {".jpg", "image/jpeg"},
+    {".jpeg", "image/jpeg"},
+    {".gif", "image/gif"},
+    {".bmp", "image/bmp"},
+    {".webp", "image/webp"},
+}};
+
+THttpResponse AnswerContent(const THttpRequest& request, std::string content, std::string_view type)
+{
+    auto response = AnswerText(request, http::status::ok, {});
+    response.set(http::field::content_type, boost::beast::string_view(type.data(), type.size()));
+    response.body() = std::move(content);
+    response.prepare_payload();
+    return response;
+}
+
 } // namespace
+
+THttpResponse AnswerDownload(
+    const THttpRequest& request, std::string content, std::string_view type, const std::string& name)
+{
+    auto response = AnswerContent(request, std::move(content), type);
+    response.set(http::field::content_disposition, "attachment; filename=\"" + name + "\"");
+    return response;
+}
+
+THttpResponse AnswerServerFile(const THttpRequest& request, const std::filesystem::path& file)
+{
+    std::error_code unreadable;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream || !std::filesystem::is_regular_file(file, unreadable))
+        return AnswerText(request, http::status::not_found, "Arquivo não encontrado.");
+    std::string content(std::istreambuf_iterator<char>(stream), {});
+    const auto type = std::ranges::find(
+        PictureTypes, LowerCase(file.extension().string()), &std::pair<std::string_view, std::string_view>::first);
+    if (type != PictureTypes.end())
+        return AnswerContent(request, std::move(content), type->second);
+    return AnswerDownload(request, std::move(content), "application/octet-stream", "arquivo");
+}
 
 std::string PathOf(const THttpRequest& request)
 {

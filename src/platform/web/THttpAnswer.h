@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/beast/http.hpp>
+#include <filesystem>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
@@ -21,6 +22,11 @@ THttpResponse AnswerFile(const TStaticFiles& files, const THttpRequest& request)
 /// A short text, in Portuguese, for a person who sees it.
 THttpResponse AnswerText(const THttpRequest& request, boost::beast::http::status status, std::string_view text);
 THttpResponse AnswerJson(const THttpRequest& request, boost::beast::http::status status, const nlohmann::json& answer);
+/// A file for the browser to keep under that name, which is plain ASCII without quotes.
+THttpResponse AnswerDownload(
+    const THttpRequest& request, std::string content, std::string_view type, const std::string& name);
+/// A picture of the server to be shown, anything else as AnswerDownload.
+THttpResponse AnswerServerFile(const THttpRequest& request, const std::filesystem::path& file);
 /// The value of Set-Cookie that gives the client the secret of its login; an empty one takes it away.
 std::string CookieOfLogin(const std::string& secret);
 /// The request's target without what follows a "?".

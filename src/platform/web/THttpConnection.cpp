@@ -7,6 +7,7 @@
 
 #include <boost/asio/post.hpp>
 #include <boost/beast/websocket.hpp>
+#include <nlohmann/json.hpp>
 
 namespace alinhavo {
 
@@ -18,6 +19,7 @@ namespace {
 constexpr std::size_t MaxHeader = 16 * 1024;
 constexpr std::size_t MaxBody = 64 * 1024;
 constexpr std::chrono::seconds Patience(30);
+constexpr std::chrono::minutes PatienceWithFile(5);
 
 } // namespace
 
@@ -37,10 +39,40 @@ void THttpConnection::Read()
 {
     parser_.emplace();
     parser_->header_limit(MaxHeader);
-    parser_->body_limit(MaxBody);
+    parser_->body_limit(TSessionFiles::MaxUpload);
     stream_.expires_after(Patience);
-    http::async_read(stream_, input_, *parser_,
-        [self = shared_from_this()](beast::error_code error, std::size_t) { self->Received(error); });
+    http::async_read_header(stream_, input_, *parser_,
+        [self = shared_from_this()](beast::error_code error, std::size_t) { self->HeaderReceived(error); });
+}
+
+// Only a file from a user who is logged in may be large.
+void THttpConnection::HeaderReceived(beast::error_code error)
+{
+    if (error == http::error::body_limit)
+        return RefuseSize();
+    if (error)
+        return;
+    const THttpRequest header(parser_->get().base());
+    const bool file = TWebApi::TakesFile(header) && sessions_.UserOf(CookieOf(header, SessionCookie)).has_value();
+    const auto limit = file ? TSessionFiles::MaxUpload : MaxBody;
+    if (parser_->content_length().value_or(0) > limit)
+        return RefuseSize();
+    parser_->body_limit(limit);
+    if (file)
+        stream_.expires_after(PatienceWithFile);
+    http::async_read(stream_, input_, *parser_, [self = shared_from_this()](beast::error_code failed, std::size_t) {
+        if (failed == http::error::body_limit)
+            return self->RefuseSize();
+        self->Received(failed);
+    });
+}
+
+// What follows is not read, so nothing more can be said over this connection.
+void THttpConnection::RefuseSize()
+{
+    THttpRequest request(parser_->get().base());
+    request.keep_alive(false);
+    Answer(AnswerJson(request, http::status::payload_too_large, {{"erro", "O arquivo é grande demais."}}));
 }
 
 void THttpConnection::Received(beast::error_code error)

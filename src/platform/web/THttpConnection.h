@@ -22,6 +22,8 @@ public:
     void Read();
 
 private:
+    void HeaderReceived(boost::beast::error_code error);
+    void RefuseSize();
     void Received(boost::beast::error_code error);
     void AskApi(const THttpRequest& request);
     void BecomeMessages(const THttpRequest& request);

@@ -2,7 +2,9 @@
 
 #include "forms/TForm.h"
 #include "forms/TGrid.h"
+#include "forms/TImage.h"
 #include "platform/web/TProperties.h"
+#include "platform/web/TSessionFiles.h"
 
 #include <algorithm>
 
@@ -84,6 +86,11 @@ json TScreenImage::Differences(TControlImage& image, const TControl& control)
             differences[name] = nullptr;
     }
     image.values = std::move(values);
+    if (const auto* picture = dynamic_cast<const TImage*>(&control)) {
+        image.file = picture->File();
+        if (differences.contains("file"))
+            differences["file"] = files_.TokenOf(image.file);
+    }
     if (const auto* grid = dynamic_cast<const TGrid*>(&control))
         TellGrid(differences, image, *grid);
     return differences;
@@ -132,6 +139,16 @@ void TScreenImage::SetWindow(const TGrid& grid, std::int64_t first, std::int64_t
     const auto image = controls_.find(&grid);
     if (image != controls_.end() && image->second.grid)
         image->second.grid->rows.SetWindow(first, count);
+}
+
+std::vector<std::string> TScreenImage::Files() const
+{
+    std::vector<std::string> files;
+    for (const auto& [control, image] : controls_) {
+        if (!image.file.empty())
+            files.push_back(image.file);
+    }
+    return files;
 }
 
 void TScreenImage::Forget(const TForm& form)

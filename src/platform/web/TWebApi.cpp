@@ -1,5 +1,9 @@
 #include "platform/web/TWebApi.h"
 
+#include "forms/TApplication.h"
+#include "forms/TGrid.h"
+#include "platform/report/commaSeparated.h"
+#include "platform/report/TSpreadsheet.h"
 #include "platform/session/ISessionHost.h"
 #include "platform/web/TSessionRegistry.h"
 
@@ -19,14 +23,27 @@ struct TWebApi::TRoute {
     http::verb verb = http::verb::get;
     void (TWebApi::*answer)(const TCall&) = nullptr;
     bool open = false; ///< to whoever has no login
+    bool below = false; ///< also every path below this one
+
+    bool Holds(std::string_view asked) const
+    {
+        if (!below)
+            return asked == path;
+        return asked.starts_with(path) && asked.size() > path.size() + 1 && asked[path.size()] == '/';
+    }
 };
 
 namespace {
 
+constexpr std::string_view SpreadsheetType = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
+constexpr std::string_view FilePath = "/arquivo";
 constexpr std::size_t MaxCredential = 200; ///< bytes of a name or a password
 
 constexpr std::string_view NoLogin = "É preciso entrar.";
 constexpr std::string_view WrongPassword = "Usuário ou senha inválidos.";
+constexpr std::string_view OtherPage = "Acesso negado a partir de outra página.";
+constexpr std::string_view NoSession = "Essa sessão já terminou.";
+constexpr std::string_view NoGrid = "A grade não está na tela.";
 constexpr std::string_view Malformed = "O pedido não está como deveria.";
 
 /// The object in the request's body; throws json::exception when it holds none.
@@ -59,7 +76,9 @@ TWebApi::TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionR
 
 TWebApi::~TWebApi()
 {
+    files_.stop();
     passwords_.stop();
+    files_.join();
     passwords_.join();
 }
 
@@ -71,13 +90,21 @@ std::span<const TWebApi::TRoute> TWebApi::Routes()
         TRoute{"/sair", http::verb::post, &TWebApi::GoOut},
         TRoute{"/preferencias", http::verb::get, &TWebApi::GiveSettings},
         TRoute{"/preferencias", http::verb::put, &TWebApi::TakeSettings},
+        TRoute{FilePath, http::verb::post, &TWebApi::TakeFile},
+        TRoute{.path = FilePath, .verb = http::verb::get, .answer = &TWebApi::GiveFile, .below = true},
+        TRoute{"/grade", http::verb::get, &TWebApi::GiveGrid},
     };
     return routes;
 }
 
 bool TWebApi::Knows(std::string_view path)
 {
-    return std::ranges::any_of(Routes(), [&](const TRoute& route) { return route.path == path; });
+    return std::ranges::any_of(Routes(), [&](const TRoute& route) { return route.Holds(path); });
+}
+
+bool TWebApi::TakesFile(const THttpRequest& request)
+{
+    return request.method() == http::verb::post && PathOf(request) == FilePath;
 }
 
 void TWebApi::Answer(const THttpRequest& request, const std::string& address, TReply reply)
@@ -85,11 +112,11 @@ void TWebApi::Answer(const THttpRequest& request, const std::string& address, TR
     TCall call{request, address, std::move(reply), {}, {}};
     const auto path = PathOf(request);
     const auto route = std::ranges::find_if(
-        Routes(), [&](const TRoute& each) { return each.path == path && each.verb == request.method(); });
+        Routes(), [&](const TRoute& each) { return each.Holds(path) && each.verb == request.method(); });
     if (route == Routes().end())
         return call.Refuse(http::status::method_not_allowed, "Método não permitido.");
     if (request.find(http::field::origin) != request.end() && !FromOwnPage(request))
-        return call.Refuse(http::status::forbidden, "Acesso negado a partir de outra página.");
+        return call.Refuse(http::status::forbidden, OtherPage);
     if (!route->open) {
         call.secret = CookieOf(request, SessionCookie);
         const auto user = sessions_.UserOf(call.secret);
@@ -197,6 +224,66 @@ void TWebApi::TakeSettings(const TCall& call)
     }
     host_.WriteSettings(call.user, settings);
     call.Give(http::status::ok, json::object());
+}
+
+/// Null when the user has no such session.
+std::shared_ptr<TWebSession> TWebApi::SessionOf(const TCall& call) const
+{
+    return sessions_.Find(call.secret, QueryOf(call.request, "sessao"));
+}
+
+// A page elsewhere must not bring files: here the Origin may not be missing.
+void TWebApi::TakeFile(const TCall& call)
+{
+    if (!FromOwnPage(call.request))
+        return call.Refuse(http::status::forbidden, OtherPage);
+    const auto session = SessionOf(call);
+    if (!session)
+        return call.Refuse(http::status::not_found, NoSession);
+    boost::asio::post(files_, [call, session] {
+        try {
+            const auto token = session->Files().Keep(QueryOf(call.request, "nome"), call.request.body());
+            call.Give(http::status::ok, {{"arquivo", token}});
+        } catch (const std::exception& error) {
+            call.Refuse(http::status::payload_too_large, error.what());
+        }
+    });
+}
+
+void TWebApi::GiveFile(const TCall& call)
+{
+    const auto session = SessionOf(call);
+    const auto file = session ? session->Files().Find(PathOf(call.request).substr(FilePath.size() + 1)) : std::nullopt;
+    if (!file)
+        return call.Refuse(http::status::not_found, "Arquivo não encontrado.");
+    boost::asio::post(files_, [call, file = *file] { call.reply(AnswerServerFile(call.request, file)); });
+}
+
+void TWebApi::GiveGrid(const TCall& call)
+{
+    const auto session = SessionOf(call);
+    if (!session)
+        return call.Refuse(http::status::not_found, NoSession);
+    session->Ask([call](const TApplication* application) { GiveGridOf(application, call); });
+}
+
+void TWebApi::GiveGridOf(const TApplication* application, const TCall& call)
+try {
+    const auto* form = application ? application->FindFormByName(QueryOf(call.request, "form")) : nullptr;
+    const auto* component = form && form->Showing() ? form->FindComponent(QueryOf(call.request, "control")) : nullptr;
+    const auto* grid = dynamic_cast<const TGrid*>(component);
+    if (!grid)
+        return call.Refuse(http::status::not_found, NoGrid);
+    const auto format = QueryOf(call.request, "formato");
+    const auto name = grid->Name() + "." + format;
+    if (format == "csv")
+        call.reply(AnswerDownload(call.request, CommaSeparated(*grid), "text/csv; charset=utf-8", name));
+    else if (format == "xlsx")
+        call.reply(AnswerDownload(call.request, Spreadsheet(*grid), SpreadsheetType, name));
+    else
+        call.Refuse(http::status::bad_request, Malformed);
+} catch (const std::exception& error) {
+    call.Refuse(http::status::internal_server_error, error.what());
 }
 
 } // namespace alinhavo

@@ -7,6 +7,7 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/thread_pool.hpp>
 #include <functional>
+#include <memory>
 #include <nlohmann/json_fwd.hpp>
 #include <span>
 #include <string>
@@ -14,7 +15,9 @@
 namespace alinhavo {
 
 class ISessionHost;
+class TApplication;
 class TSessionRegistry;
+class TWebSession;
 
 /// What a client asks for beside its session's messages: coming in and going out, its settings.
 class TWebApi {
@@ -25,13 +28,15 @@ public:
     /// What it refers to outlives it.
     TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
         TLoginGuard::TDuration firstPenalty);
-    /// Waits for the password that is being looked at.
+    /// Waits for the password that is being looked at and the file that is being read.
     ~TWebApi();
     TWebApi(const TWebApi&) = delete;
     TWebApi& operator=(const TWebApi&) = delete;
 
     /// The path is one of this; otherwise it may be a file's.
     static bool Knows(std::string_view path);
+    /// The request brings a file, which may be larger than another body.
+    static bool TakesFile(const THttpRequest& request);
     void Answer(const THttpRequest& request, const std::string& address, TReply reply);
 
 private:
@@ -54,12 +59,18 @@ private:
     void GoOut(const TCall& call);
     void GiveSettings(const TCall& call);
     void TakeSettings(const TCall& call);
+    void TakeFile(const TCall& call);
+    void GiveFile(const TCall& call);
+    void GiveGrid(const TCall& call);
+    static void GiveGridOf(const TApplication* application, const TCall& call);
+    std::shared_ptr<TWebSession> SessionOf(const TCall& call) const;
     nlohmann::json Welcome(const TSessionUser& user) const;
 
     boost::asio::io_context& context_;
     ISessionHost& host_;
     TSessionRegistry& sessions_;
     TLoginGuard guard_;
+    boost::asio::thread_pool files_{1}; ///< a slow disk holds up no connection
     boost::asio::thread_pool passwords_{1}; ///< one password at a time: looking at one takes all of a processor
 };
 

@@ -9,6 +9,7 @@
 #include "platform/web/EProtocolError.h"
 
 #include <algorithm>
+#include <iterator>
 #include <nlohmann/json.hpp>
 
 namespace alinhavo {
@@ -104,10 +105,15 @@ void TWebSession::Farewell(std::string told)
         told += " O que não foi gravado desde as " + HourText(lost) + " foi desfeito.";
     if (!told.empty() && (!link || !lost.IsBlank()))
         host_.LeaveNotice(user_, HourText(ClockNow()) + ": " + told);
+    std::deque<TAsked> asked;
     {
         const std::lock_guard lock(mutex_);
         ended_ = true;
+        asked.swap(asked_);
     }
+    for (const auto& work : asked)
+        work(nullptr);
+    files_.Delete();
     if (!link)
         return;
     link->Send(Written({{"ended", told}}));
@@ -189,6 +195,20 @@ bool TWebSession::Ended() const
     return ended_;
 }
 
+void TWebSession::Ask(TAsked work)
+{
+    {
+        const std::lock_guard lock(mutex_);
+        if (!ended_) {
+            asked_.push_back(std::move(work));
+            work = nullptr;
+        }
+    }
+    arrived_.notify_one();
+    if (work)
+        work(nullptr);
+}
+
 void TWebSession::Cancel(const IClientLink& from)
 {
     const std::lock_guard lock(mutex_);
@@ -253,14 +273,21 @@ bool TWebSession::Take(TClientMessage& message)
         lock.lock();
     }
     for (;;) {
-        arrived_.wait(lock, [this] { return ending_ || attachedAnew_ || !waiting_.empty(); });
+        arrived_.wait(lock, [this] { return ending_ || attachedAnew_ || !waiting_.empty() || !asked_.empty(); });
         if (ending_)
             return false;
         if (!waiting_.empty())
             break;
-        attachedAnew_ = false;
+        if (std::exchange(attachedAnew_, false)) {
+            lock.unlock();
+            TellEverything();
+            lock.lock();
+            continue;
+        }
+        const auto work = std::move(asked_.front());
+        asked_.pop_front();
         lock.unlock();
-        TellEverything();
+        work(application_);
         lock.lock();
     }
     message = std::move(waiting_.front());
@@ -288,8 +315,24 @@ bool TWebSession::CarryOut(TClientMessage& message)
         Refuse(message.number, "O menu não oferece a tela " + message.event.text + ".");
         return false;
     }
+    if (!TakeFile(message.event)) {
+        Refuse(message.number, "Só pode ser escolhido um arquivo que foi enviado nesta sessão.");
+        return false;
+    }
     NoteEntered(message.event);
     return true;
+}
+
+bool TWebSession::TakeFile(TUserEvent& event) const
+{
+    const auto* dialog = application_->TopDialog();
+    const bool named = event.kind == TUserEvent::TKind::Answer && event.answer == TModalResult::Ok && dialog
+        && dialog->kind == TDialog::TKind::File;
+    if (!named)
+        return true;
+    const auto file = files_.Brought(event.text);
+    event.text = file ? file->string() : std::string();
+    return file.has_value();
 }
 
 bool TWebSession::Offers(std::string_view screenClass) const
@@ -488,6 +531,9 @@ void TWebSession::Tell()
     TellStatus(message);
     TellScreens(message);
     dialogs_.Tell(message);
+    auto files = image_.Files();
+    std::ranges::copy(dialogs_.Files(), std::back_inserter(files));
+    files_.Show(files);
     TellFocus(message);
     if (!refused_.empty())
         message["refused"] = std::exchange(refused_, json::array());

@@ -8,6 +8,7 @@
 #include "platform/web/TClientMessage.h"
 #include "platform/web/TDialogStack.h"
 #include "platform/web/TScreenImage.h"
+#include "platform/web/TSessionFiles.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -61,6 +62,12 @@ public:
     /// When its user last did something.
     std::chrono::steady_clock::time_point LastUse() const;
     TConectado Note() const;
+    /// The files that its client may name.
+    TSessionFiles& Files() { return files_; }
+    /// The work runs on the session's thread when every message received is carried out; without an application when the
+    /// session ends before. It throws nothing.
+    using TAsked = std::function<void(TApplication*)>;
+    void Ask(TAsked work);
 
 private:
     /// Where a keystroke would go.
@@ -100,6 +107,8 @@ private:
     bool CarryOut(TClientMessage& message);
     TUserEvent Begin(TUserEvent event, std::int64_t number);
     bool Offers(std::string_view screenClass) const;
+    /// The answer names a file that the client brought: the handler gets its path. False when it names anything else.
+    bool TakeFile(TUserEvent& event) const;
     void PassOver(std::int64_t number);
     void GiveRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
@@ -137,12 +146,15 @@ private:
     bool ended_ = false;
     IWorkplace* workplace_ = nullptr;
     TConectado note_;
+    std::deque<TAsked> asked_;
     std::chrono::steady_clock::time_point lastUse_ = std::chrono::steady_clock::now();
+
+    TSessionFiles files_;
 
     // The session's thread alone.
     TApplication* application_ = nullptr;
-    TScreenImage image_;
-    TDialogStack dialogs_;
+    TScreenImage image_{files_};
+    TDialogStack dialogs_{files_};
     std::vector<TForm*> shown_; ///< those that the client does not have yet
     std::vector<std::string> closed_;
     std::vector<TControl*> changed_; ///< without repetition, in the order of their first change

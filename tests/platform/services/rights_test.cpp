@@ -1,6 +1,7 @@
 #include "TServicesTest.h"
 
 #include "host/TfmLog.h"
+#include "platform/services/setPassword.h"
 #include "platform/services/THashedPasswords.h"
 
 namespace alinhavo {
@@ -143,6 +144,34 @@ TEST_P(TRightsTest, AReportIsRefusedWhileThereIsNoEngine)
     Do([&] { services->Services().reports.Chama_Relatorio(report, text, "WFacPen", *form, ""); });
     EXPECT_EQ(services->LastReportRefused(), "WFacPen");
     EXPECT_EQ(user.Read.back(), "O gerador de relatórios não está instalado: \"WFacPen\" não pode ser impresso.");
+}
+
+TEST_P(TRightsTest, AUserGetsAPasswordByNameOrCode)
+{
+    Sql("INSERT INTO ACESSO_USUARIOS (CODIGO, NOME) VALUES ('009', 'MARIA')");
+    Sql("INSERT INTO ACESSO_USUARIOS (CODIGO, NOME) VALUES ('010', 'JOSE')");
+    const auto stored
+        = [&](const char* code) { return Cell("SELECT SENHA FROM ACESSO_USUARIOS WHERE CODIGO = ?", code); };
+    const THashedPasswords hashed;
+    SetPassword(*db, "maria", "primeira");
+    EXPECT_TRUE(hashed.Matches(stored("009"), "primeira"));
+    SetPassword(*db, "009", "segunda");
+    EXPECT_TRUE(hashed.Matches(stored("009"), "segunda"));
+    EXPECT_FALSE(hashed.Matches(stored("009"), "primeira"));
+    EXPECT_EQ(stored("010"), "null");
+    EXPECT_FALSE(db->Pending());
+}
+
+TEST_P(TRightsTest, APasswordIsRefusedWithoutEffect)
+{
+    Sql("INSERT INTO ACESSO_USUARIOS (CODIGO, NOME) VALUES ('009', 'MARIA')");
+    Sql("INSERT INTO ACESSO_USUARIOS (CODIGO, NOME) VALUES ('010', '009')");
+    const std::string tooLong(LongestPassword + 1, 'x');
+    EXPECT_EQ(Failure([&] { SetPassword(*db, "NINGUEM", "x"); }), "não existe o usuário NINGUEM.");
+    EXPECT_EQ(Failure([&] { SetPassword(*db, "009", "x"); }), "mais de um usuário tem o nome ou código 009.");
+    EXPECT_EQ(Failure([&] { SetPassword(*db, "MARIA", ""); }), "a senha não pode ficar em branco.");
+    EXPECT_EQ(Failure([&] { SetPassword(*db, "MARIA", tooLong); }), "a senha é longa demais.");
+    EXPECT_EQ(Cell("SELECT COUNT(SENHA) FROM ACESSO_USUARIOS"), "0");
 }
 
 TEST(THashedPasswords, AHashIsAnotherEachTimeAndNeverThePassword)

@@ -1,6 +1,7 @@
 #include "TWebClient.h"
 
 #include <boost/asio/connect.hpp>
+#include <limits>
 
 namespace alinhavo {
 
@@ -45,9 +46,28 @@ TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOp
     http::write(stream, request);
     beast::flat_buffer buffer;
     http::response_parser<http::string_body> parser;
+    parser.body_limit(std::numeric_limits<std::uint64_t>::max());
     parser.skip(options.verb == http::verb::head);
     http::read(stream, buffer, parser);
     return parser.release();
+}
+
+http::status AnnouncedSize(std::uint16_t port, const std::string& path, std::size_t length, const std::string& cookie)
+{
+    boost::asio::io_context context;
+    beast::tcp_stream stream(context);
+    stream.connect(At(port));
+    http::request<http::empty_body> request(http::verb::post, path, 11);
+    request.set(http::field::host, HostOf(port));
+    request.set(http::field::origin, "http://" + HostOf(port));
+    request.set(http::field::cookie, cookie);
+    request.content_length(length);
+    http::request_serializer<http::empty_body> head(request);
+    http::write_header(stream, head);
+    beast::flat_buffer buffer;
+    http::response<http::string_body> answer;
+    http::read(stream, buffer, answer);
+    return answer.result();
 }
 
 std::string LogIn(std::uint16_t port, const std::string& user, const std::string& password)

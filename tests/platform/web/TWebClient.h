@@ -27,6 +27,10 @@ using TWebAnswer = boost::beast::http::response<boost::beast::http::string_body>
 /// One request over a connection of its own; the path is sent as it stands.
 TWebAnswer Request(std::uint16_t port, const std::string& path, const TRequestOptions& options = {});
 
+/// The answer to the head of a request whose body would be that long.
+boost::beast::http::status AnnouncedSize(
+    std::uint16_t port, const std::string& path, std::size_t length, const std::string& cookie);
+
 /// The cookie of a new login; empty when it is refused.
 std::string LogIn(std::uint16_t port, const std::string& user, const std::string& password = "demo");
 

@@ -2,6 +2,7 @@
 #include "forms/TButton.h"
 #include "forms/TEdit.h"
 #include "forms/TGrid.h"
+#include "forms/TImage.h"
 #include "forms/TMemTable.h"
 #include "platform/session/clock.h"
 #include "platform/web/TWebServer.h"
@@ -25,6 +26,12 @@ struct TTbLinhas : TMemTable {
     TIntegerField Numero{*this, "Numero"};
 };
 
+struct TTbTextos : TMemTable {
+    TStringField Texto{*this, "Texto", 30, {.title = "=Texto"}};
+    TFloatField Valor{*this, "Valor", {.decimals = 2}};
+    TStringField Oculto{*this, "Oculto", 30};
+};
+
 class TfmTeste final : public TForm {
 public:
     explicit TfmTeste(TApplication& app)
@@ -34,6 +41,13 @@ public:
         edtBarra.OnChange.connect(this, &TfmTeste::edtBarraChange);
         edtTecla.OnKeyDown.connect(this, &TfmTeste::edtTeclaKeyDown);
         btnFalha.OnClick.connect(this, &TfmTeste::btnFalhaClick);
+        btnArquivo.OnClick.connect(this, &TfmTeste::btnArquivoClick);
+        for (const auto* text : {"Zinco", "=1+1", "@a;\"b\"", "-x", "+x"}) {
+            TbTextos.Append();
+            TbTextos.Texto = text;
+            TbTextos.Valor = -1234.5;
+            TbTextos.Post();
+        }
         const auto quiet = TbLinhas.DisableControls();
         for (int number = 0; number < 1000; ++number) {
             TbLinhas.Append();
@@ -44,12 +58,18 @@ public:
     }
 
     TTbLinhas TbLinhas;
+    TTbTextos TbTextos;
     TEdit edtPrimeiro{*this, "edtPrimeiro"};
     TEdit edtSegundo{*this, "edtSegundo"};
     TEdit edtBarra{*this, "edtBarra"};
     TEdit edtTecla{*this, "edtTecla"};
     TButton btnFalha{*this, "btnFalha", {.caption = "Falha"}};
+    TButton btnArquivo{*this, "btnArquivo", {.caption = "Arquivo"}};
+    TImage imgFoto{*this, "imgFoto"};
     TGrid dbgLinhas{*this, "dbgLinhas", TbLinhas};
+
+    TGrid dbgTextos{*this, "dbgTextos", TbTextos,
+        {.columns = {{"Texto"}, {"Oculto", {}, 0, -1, {}, false, false, false, false}, {"Valor", "Preço"}}}};
 
 private:
     void edtPrimeiroExit()
@@ -66,6 +86,11 @@ private:
     {
         if (key.name == "x")
             key.Swallow();
+    }
+    void btnArquivoClick()
+    {
+        edtSegundo.SetText(EscolheArquivo("Foto"));
+        imgFoto.SetFile(edtSegundo.text());
     }
     void btnFalhaClick() { throw std::runtime_error("disco cheio"); }
 };
@@ -160,6 +185,21 @@ protected:
     TWebAnswer Post(const std::string& path, const json& body, const std::string& cookie = {})
     {
         return Request(Port(), path, {.cookie = cookie, .verb = http::verb::post, .body = body.dump()});
+    }
+
+    /// The token of a file that the client's session brings.
+    std::string Upload(const TWebClient& client, const std::string& name, const std::string& content)
+    {
+        const std::string session = client.State().value("session", "");
+        const auto answer = Request(Port(), "/arquivo?nome=" + name + (session.empty() ? "" : "&sessao=" + session),
+            {.cookie = client.Cookie(), .verb = http::verb::post, .body = content});
+        return json::parse(answer.body()).value("arquivo", "");
+    }
+
+    static std::string Content(const fs::path& file)
+    {
+        std::ifstream stream(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     void Write(const fs::path& file, std::string_view content)
@@ -513,6 +553,164 @@ TEST_F(WebServer, SettingsAreKeptForTheirUser)
     EXPECT_EQ(put("{\"tema\":\"" + std::string(9000, 'x') + "\"}"), http::status::bad_request);
     EXPECT_EQ(json::parse(Get("/preferencias", {.cookie = cookie}).body()), json({{"tema", "escuro"}}));
     EXPECT_EQ(json::parse(Get("/preferencias", {.cookie = LogIn(Port(), "BRUNO")}).body()), json::object());
+}
+
+/// A client whose screen asks for a file.
+struct TFileDialog {
+    explicit TFileDialog(std::uint16_t port, const json& click)
+        : client(port)
+        , number(client.Do(click)["dialogs"][0]["dialog"])
+    {
+    }
+    json Answer(const std::string& text)
+    {
+        return client.Do({{"event", "answer"}, {"dialog", number}, {"button", "ok"}, {"text", text}});
+    }
+
+    TWebClient client;
+    int number;
+};
+
+TEST_F(WebServer, AFileDialogTakesAFileThatItsSessionBrought)
+{
+    TFileDialog asked(Port(), On("click", "btnArquivo"));
+    const auto token = Upload(asked.client, "foto.png", "pixels");
+    EXPECT_FALSE(asked.Answer(token).contains("refused"));
+    const fs::path stored = asked.client.Property("edtSegundo", "text").get<std::string>();
+    EXPECT_EQ(stored.filename(), "foto.png");
+    EXPECT_EQ(Content(stored), "pixels");
+
+    const std::string shown = asked.client.Property("imgFoto", "file");
+    EXPECT_EQ(shown.find('/'), std::string::npos) << "a client learns no path";
+    const auto picture = Get("/arquivo/" + shown, {.cookie = asked.client.Cookie()});
+    EXPECT_EQ(picture.body(), "pixels");
+    EXPECT_EQ(picture[http::field::content_type], "image/png");
+    server_->Stop();
+    EXPECT_FALSE(fs::exists(stored)) << "it is deleted with its session";
+}
+
+TEST_F(WebServer, AFileDialogTakesNothingElse)
+{
+    TFileDialog asked(Port(), On("click", "btnArquivo"));
+    const TWebClient other(Port());
+    const auto foreign = Upload(other, "foto.png", "pixels");
+    for (const auto& text : {(folder_ / "secret.txt").string(), std::string("/etc/passwd"), std::string(), foreign}) {
+        EXPECT_TRUE(asked.Answer(text).contains("refused")) << text;
+        EXPECT_EQ(asked.client.Property("edtSegundo", "text"), "") << text;
+    }
+    EXPECT_FALSE(asked.Answer(Upload(asked.client, "foto.png", "pixels")).contains("refused")) << "it still waits";
+}
+
+TEST_F(WebServer, TheNameOfAFileLeadsNowhere)
+{
+    for (const auto& [name, kept] :
+        std::map<std::string, std::string>{{"..%2F..%2Fsecret.txt", "secret.txt"}, {"%2Fetc%2Fpasswd", "passwd"},
+            {"..", "arquivo.."}, {"C:%5Ctmp%5Ca+b.png", "a_b.png"}, {"x%00y%0A.png", "x_y_.png"}, {"", "arquivo"}}) {
+        SCOPED_TRACE(name);
+        TFileDialog asked(Port(), On("click", "btnArquivo"));
+        const auto token = Upload(asked.client, name, "new");
+        asked.Answer(token);
+        const fs::path stored = asked.client.Property("edtSegundo", "text").get<std::string>();
+        EXPECT_EQ(stored.filename(), kept) << name;
+        EXPECT_EQ(stored.parent_path().filename(), token) << name;
+        Post("/sair", json::object(), asked.client.Cookie());
+    }
+    EXPECT_EQ(Content(folder_ / "secret.txt"), "secret");
+}
+
+TEST_F(WebServer, OnlyWhatTheScreensShowNowIsGiven)
+{
+    TFileDialog asked(Port(), On("click", "btnArquivo"));
+    const auto cookie = asked.client.Cookie();
+    const auto token = Upload(asked.client, "foto.png", "pixels");
+    asked.Answer(token);
+    const std::string shown = asked.client.Property("imgFoto", "file");
+    EXPECT_EQ(Get("/arquivo/" + shown, {.cookie = LogIn(Port(), "BRUNO")}).result(), http::status::not_found);
+    EXPECT_EQ(Get("/arquivo/" + shown).result(), http::status::unauthorized);
+    EXPECT_EQ(Get("/arquivo/%2Fetc%2Fpasswd", {.cookie = cookie}).result(), http::status::not_found);
+    EXPECT_EQ(Get("/arquivo//etc/passwd", {.cookie = cookie}).result(), http::status::not_found);
+
+    const int dialog = asked.client.Do(On("click", "btnArquivo"))["dialogs"][0]["dialog"];
+    asked.client.Do({{"event", "answer"}, {"dialog", dialog}, {"button", "cancel"}});
+    EXPECT_EQ(asked.client.Property("imgFoto", "file"), "");
+    EXPECT_EQ(Get("/arquivo/" + shown, {.cookie = cookie}).result(), http::status::not_found);
+    EXPECT_EQ(Get("/arquivo/" + token, {.cookie = cookie}).body(), "pixels");
+}
+
+TEST_F(WebServer, AFileIsTakenOnlyFromItsUsersOwnPage)
+{
+    const TWebClient client(Port());
+    const std::string name = client.State()["session"];
+    const auto send = [&](const TRequestOptions& options) {
+        auto request = options;
+        request.verb = http::verb::post;
+        request.body = "pixels";
+        return Request(Port(), "/arquivo?nome=a.png&sessao=" + name, request).result();
+    };
+    EXPECT_EQ(send({.cookie = client.Cookie()}), http::status::ok);
+    EXPECT_EQ(send({}), http::status::unauthorized);
+    EXPECT_EQ(send({.cookie = LogIn(Port(), "BRUNO")}), http::status::not_found);
+    EXPECT_EQ(send({.origin = "http://evil.example", .cookie = client.Cookie()}), http::status::forbidden);
+    EXPECT_EQ(send({.origin = "", .cookie = client.Cookie()}), http::status::forbidden);
+}
+
+TEST_F(WebServer, AFileMayBeLargeAndNotTooLarge)
+{
+    const TWebClient client(Port());
+    const std::string large(TSessionFiles::MaxUpload, 'x');
+    const auto token = Upload(client, "a.bin", large);
+    EXPECT_EQ(Get("/arquivo/" + token, {.cookie = client.Cookie()}).body().size(), large.size());
+    const auto announced = [&](const std::string& path, std::size_t length, const std::string& cookie) {
+        return AnnouncedSize(Port(), path, length, cookie);
+    };
+    EXPECT_EQ(announced("/arquivo?nome=a.bin", large.size() + 1, client.Cookie()), http::status::payload_too_large);
+    EXPECT_EQ(announced("/arquivo?nome=a.bin", large.size(), "alinhavo=guessed"), http::status::payload_too_large);
+    EXPECT_EQ(announced("/preferencias", large.size(), client.Cookie()), http::status::payload_too_large);
+}
+
+TEST_F(WebServer, AGridIsGivenAsTextThatNoSpreadsheetRuns)
+{
+    const TWebClient client(Port());
+    const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = client.Cookie()});
+    EXPECT_EQ(csv.body(),
+        "\xEF\xBB\xBF'=Texto;Preço\r\nZinco;-1.234,50\r\n'=1+1;-1.234,50\r\n\"'@a;\"\"b\"\"\";-1.234,50\r\n"
+        "'-x;-1.234,50\r\n'+x;-1.234,50\r\n");
+    EXPECT_EQ(csv[http::field::content_disposition], "attachment; filename=\"dbgTextos.csv\"");
+}
+
+TEST_F(WebServer, AGridIsGivenWithAllOfItsRows)
+{
+    const TWebClient client(Port());
+    const auto csv = Get("/grade?form=fmTeste&control=dbgLinhas&formato=csv", {.cookie = client.Cookie()}).body();
+    EXPECT_EQ(std::ranges::count(csv, '\n'), 1001);
+    EXPECT_TRUE(csv.ends_with("\r\n999\r\n"));
+    const auto book = Get("/grade?form=fmTeste&control=dbgLinhas&formato=xlsx", {.cookie = client.Cookie()});
+    EXPECT_EQ(book.result(), http::status::ok);
+    EXPECT_TRUE(book.body().starts_with("PK"));
+}
+
+TEST_F(WebServer, AGridIsGivenAlsoWhileAQuestionWaits)
+{
+    TFileDialog asked(Port(), On("click", "btnArquivo"));
+    const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = asked.client.Cookie()});
+    EXPECT_EQ(csv.result(), http::status::ok);
+    EXPECT_FALSE(asked.Answer(Upload(asked.client, "foto.png", "pixels")).contains("refused"));
+}
+
+TEST_F(WebServer, OnlyAGridOfTheUsersScreensIsGiven)
+{
+    const TWebClient client(Port());
+    const auto status = [&](const std::string& query, const std::string& cookie) {
+        return Get("/grade?" + query, {.cookie = cookie}).result();
+    };
+    const std::string grid = "form=fmTeste&control=dbgTextos";
+    const std::string session = "&sessao=" + client.State()["session"].get<std::string>();
+    EXPECT_EQ(status(grid + "&formato=csv" + session, client.Cookie()), http::status::ok);
+    EXPECT_EQ(status(grid + "&formato=pdf", client.Cookie()), http::status::bad_request);
+    EXPECT_EQ(status("form=fmTeste&control=edtPrimeiro&formato=csv", client.Cookie()), http::status::not_found);
+    EXPECT_EQ(status("form=fmOutra&control=dbgTextos&formato=csv", client.Cookie()), http::status::not_found);
+    EXPECT_EQ(status(grid + "&formato=csv" + session, LogIn(Port(), "BRUNO")), http::status::not_found);
+    EXPECT_EQ(status(grid + "&formato=csv" + session, {}), http::status::unauthorized);
 }
 
 TEST_F(WebServer, ThereAreNoMoreSessionsThanAllowed)
