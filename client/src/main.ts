@@ -25,6 +25,7 @@ import "./elements/al-number";
 import "./elements/al-pages";
 import "./elements/al-radio-group";
 import "./elements/al-status";
+import "./elements/al-report";
 import "./elements/al-viewer";
 
 preferences.addEventListener("change", showAppearance);

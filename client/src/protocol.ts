@@ -78,6 +78,8 @@ export interface DialogState {
     beep: boolean;
     columns?: readonly LookupColumn[];
     multiple?: boolean;
+    /** Token of the report to show. */
+    report?: string;
     /** Pictures to show. */
     files?: readonly string[];
 }

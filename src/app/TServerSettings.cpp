@@ -62,6 +62,7 @@ TServerSettings TServerSettings::Read(const TConfiguration& configuration, const
     settings.web.address = read.Text("Servidor", "endereco", "127.0.0.1", options.address);
     settings.web.port = static_cast<std::uint16_t>(read.Number("Servidor", "porta", 8080, 0, 65535, options.port));
     settings.web.threads = read.Number("Servidor", "linhas", 2, 1, 64);
+    settings.web.pdfCommand = read.Text("Relatorio", "pdf", "chromium");
     settings.web.clientFolder = read.Text("Servidor", "cliente", "client/dist", options.client);
 
     settings.web.limits.sessions = static_cast<std::size_t>(read.Number("Sessao", "limite", 200, 1, 10'000));

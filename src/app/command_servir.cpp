@@ -35,6 +35,7 @@ void Serve(const TServirOptions& options)
     const TEndSignals signals;
     auto settings = TServerSettings::Read(TConfiguration::Load(options.configuration), options);
     settings.host.registerScreens = RegisterScreens;
+    settings.host.layouts = ALINHAVO_LAYOUTS;
     if (!DatabaseExists(settings.host.address, settings.host.database))
         throw std::runtime_error("não existe o banco " + settings.host.address.Text() + ".");
     TDatabaseHost host(settings.host);

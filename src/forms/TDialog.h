@@ -37,8 +37,8 @@ struct TDialog {
     /// Asked for anew with each change of the search text; the lookup refills `rows`.
     TEvent<std::string_view> OnSearch = {};
     std::vector<std::int64_t> picked = {}; ///< rows of `rows`, from 0
-    // Picture: files to show. Report: number of the report to open.
-    std::vector<std::string> files = {};
+    std::vector<std::string> files = {}; ///< Picture: to show
+    std::string document = {}; ///< Report: HTML
 
     TModalResult result = TModalResult::None;
     bool beep = false; ///< an alarm: to be heard

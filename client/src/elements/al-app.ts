@@ -143,8 +143,9 @@ function boxOf(dialog: Dialog): TemplateResult {
         case "file":
             return html`<al-file .dialog=${dialog}></al-file>`;
         case "picture":
-        case "report":
             return html`<al-viewer .dialog=${dialog}></al-viewer>`;
+        case "report":
+            return html`<al-report .dialog=${dialog}></al-report>`;
         default:
             return html`<al-message .dialog=${dialog}></al-message>`;
     }

@@ -61,7 +61,8 @@ std::unique_ptr<IWorkplace> TDatabaseHost::Open(
             .passwords = passwords_,
             .user = user,
             .company = options_.database.company,
-            .connected = connected},
+            .connected = connected,
+            .layouts = options_.layouts},
         source, view, options_.registerScreens);
     workplace->Application().SetNow(options_.today);
     return workplace;

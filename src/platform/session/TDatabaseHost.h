@@ -6,6 +6,7 @@
 #include "platform/services/TPreferences.h"
 #include "platform/session/ISessionHost.h"
 
+#include <filesystem>
 #include <functional>
 #include <mutex>
 
@@ -16,6 +17,7 @@ struct TDatabaseHostOptions {
     TDatabaseOptions database = {};
     TConfiguration configuration = {};
     std::function<void(TApplication&)> registerScreens;
+    std::filesystem::path layouts = {}; ///< the delivered templates of reports
     TDateTime today = {}; ///< of every session; blank: the clock's
 };
 

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/database/TSqlDatabase.h"
+#include "platform/report/TReports.h"
 #include "platform/session/IWorkplace.h"
 #include "platform/session/TSession.h"
 
+#include <filesystem>
 #include <functional>
 
 namespace alinhavo {
@@ -21,6 +23,7 @@ public:
         TSessionUser user;
         std::string company;
         TConectados& connected;
+        std::filesystem::path layouts; ///< the delivered templates of reports; the factory's own come before them
     };
 
     TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, const TGround& ground, IEventSource& source, IView& view,
@@ -29,10 +32,11 @@ public:
     TApplication& Application() override { return session_; }
     const std::vector<TMenuEntry>& Menu() const override { return menu_; }
     TDateTime PendingSince() const override;
-    void Cancel() override { database_->Cancel(); }
+    void Cancel() override;
 
 private:
     std::unique_ptr<TSqlDatabase> database_;
+    TReports reports_;
     TSession session_;
     std::vector<TMenuEntry> menu_;
 };

@@ -68,12 +68,17 @@ json RowOf(const TDataSet& rows, const std::vector<const TField*>& fields, std::
 
 void TDialogStack::Open(TDialog& dialog)
 {
-    open_.push_back({++last_, &dialog, {}});
+    const bool report = dialog.kind == TDialog::TKind::Report;
+    open_.push_back({++last_, &dialog, {}, report ? files_.OpenReport(dialog.document) : std::string()});
     changed_ = true;
 }
 
 void TDialogStack::Close(const TDialog& dialog)
 {
+    for (const auto& open : open_) {
+        if (open.dialog == &dialog)
+            files_.CloseReport(open.report);
+    }
     std::erase_if(open_, [&dialog](const TOpen& open) { return open.dialog == &dialog; });
     changed_ = true;
 }
@@ -107,6 +112,8 @@ json TDialogStack::Whole(const TOpen& open) const
         object["columns"] = ColumnsOf(*dialog.rows);
         object["multiple"] = dialog.multiple;
     }
+    if (!open.report.empty())
+        object["report"] = open.report;
     for (const auto& file : dialog.files)
         object["files"].push_back(files_.TokenOf(file));
     return object;
@@ -128,7 +135,7 @@ void TDialogStack::Tell(json& message)
             list.push_back(Whole(open));
     }
     if ((changed_ || rowsChanged_) && !open_.empty() && open_.back().dialog->rows) {
-        auto& [number, dialog, image] = open_.back();
+        auto& [number, dialog, image, report] = open_.back();
         const auto& rows = *dialog->rows;
         const auto fields = VisibleFields(rows);
         json told = {{"dialog", number}};

@@ -40,6 +40,7 @@ private:
         std::int64_t number;
         TDialog* dialog;
         TRowsImage rows;
+        std::string report; ///< token of its document
     };
 
     nlohmann::json Whole(const TOpen& open) const;

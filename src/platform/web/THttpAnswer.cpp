@@ -19,6 +19,11 @@ constexpr std::string_view Policy = "default-src 'self'; style-src 'self' 'unsaf
                                     "font-src 'self' data:; object-src 'none'; base-uri 'none'; form-action 'self'; "
                                     "frame-ancestors 'none'";
 
+// The page around it may print it, so it stays of the same origin; without scripts that gives it nothing.
+constexpr std::string_view ReportPolicy = "default-src 'none'; style-src 'unsafe-inline'; img-src data:; font-src "
+                                          "data:; base-uri 'none'; form-action 'none'; "
+                                          "frame-ancestors 'self'; sandbox allow-same-origin allow-modals";
+
 std::string_view View(boost::beast::string_view text) { return {text.data(), text.size()}; }
 
 THttpResponse Begin(const THttpRequest& request, http::status status)
@@ -80,6 +85,13 @@ THttpResponse AnswerContent(const THttpRequest& request, std::string content, st
 }
 
 } // namespace
+
+THttpResponse AnswerReport(const THttpRequest& request, std::string html)
+{
+    auto response = AnswerContent(request, std::move(html), "text/html; charset=utf-8");
+    response.set("Content-Security-Policy", boost::beast::string_view(ReportPolicy.data(), ReportPolicy.size()));
+    return response;
+}
 
 THttpResponse AnswerDownload(
     const THttpRequest& request, std::string content, std::string_view type, const std::string& name)

@@ -25,6 +25,8 @@ THttpResponse AnswerJson(const THttpRequest& request, boost::beast::http::status
 /// A file for the browser to keep under that name, which is plain ASCII without quotes.
 THttpResponse AnswerDownload(
     const THttpRequest& request, std::string content, std::string_view type, const std::string& name);
+/// A report, which may run nothing and fetch nothing.
+THttpResponse AnswerReport(const THttpRequest& request, std::string html);
 /// A picture of the server to be shown, anything else as AnswerDownload.
 THttpResponse AnswerServerFile(const THttpRequest& request, const std::filesystem::path& file);
 /// The value of Set-Cookie that gives the client the secret of its login; an empty one takes it away.

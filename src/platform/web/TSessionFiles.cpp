@@ -90,6 +90,26 @@ void TSessionFiles::Show(const std::vector<std::string>& files)
     shown_ = std::move(shown);
 }
 
+std::string TSessionFiles::OpenReport(std::string html)
+{
+    const std::lock_guard lock(mutex_);
+    return reports_.emplace(RandomText(), std::move(html)).first->first;
+}
+
+void TSessionFiles::CloseReport(std::string_view token)
+{
+    const std::lock_guard lock(mutex_);
+    if (const auto found = reports_.find(token); found != reports_.end())
+        reports_.erase(found);
+}
+
+std::optional<std::string> TSessionFiles::Report(std::string_view token) const
+{
+    const std::lock_guard lock(mutex_);
+    const auto found = reports_.find(token);
+    return found == reports_.end() ? std::nullopt : std::optional(found->second);
+}
+
 std::optional<fs::path> TSessionFiles::Find(std::string_view token) const
 {
     if (auto file = Brought(token))

@@ -32,6 +32,11 @@ public:
     std::string TokenOf(const std::string& file);
     /// The screens show these at this moment, and no others.
     void Show(const std::vector<std::string>& files);
+    /// A document that a dialog shows until it is closed; its token.
+    std::string OpenReport(std::string html);
+    void CloseReport(std::string_view token);
+    std::optional<std::string> Report(std::string_view token) const;
+
     /// A file that the client brought, or that a screen shows at this moment.
     std::optional<std::filesystem::path> Find(std::string_view token) const;
 
@@ -42,6 +47,7 @@ private:
     std::map<std::string, std::filesystem::path, std::less<>> brought_; ///< by token
     std::map<std::string, std::string, std::less<>> tokens_; ///< of the server's files, by file
     std::map<std::string, std::string, std::less<>> shown_; ///< files, by token
+    std::map<std::string, std::string, std::less<>> reports_; ///< by token
 };
 
 } // namespace alinhavo

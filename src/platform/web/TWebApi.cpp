@@ -36,6 +36,7 @@ struct TWebApi::TRoute {
 namespace {
 
 constexpr std::string_view SpreadsheetType = "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
+constexpr std::string_view ReportPath = "/relatorio";
 constexpr std::string_view FilePath = "/arquivo";
 constexpr std::size_t MaxCredential = 200; ///< bytes of a name or a password
 
@@ -66,10 +67,11 @@ std::string TextOf(const json& object, const char* member)
 } // namespace
 
 TWebApi::TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-    TLoginGuard::TDuration firstPenalty)
+    TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand)
     : context_(context)
     , host_(host)
     , sessions_(sessions)
+    , pdf_(pdfCommand)
     , guard_(firstPenalty)
 {
 }
@@ -92,6 +94,7 @@ std::span<const TWebApi::TRoute> TWebApi::Routes()
         TRoute{"/preferencias", http::verb::put, &TWebApi::TakeSettings},
         TRoute{FilePath, http::verb::post, &TWebApi::TakeFile},
         TRoute{.path = FilePath, .verb = http::verb::get, .answer = &TWebApi::GiveFile, .below = true},
+        TRoute{.path = ReportPath, .verb = http::verb::get, .answer = &TWebApi::GiveReport, .below = true},
         TRoute{"/grade", http::verb::get, &TWebApi::GiveGrid},
     };
     return routes;
@@ -257,6 +260,27 @@ void TWebApi::GiveFile(const TCall& call)
     if (!file)
         return call.Refuse(http::status::not_found, "Arquivo não encontrado.");
     boost::asio::post(files_, [call, file = *file] { call.reply(AnswerServerFile(call.request, file)); });
+}
+
+void TWebApi::GiveReport(const TCall& call)
+{
+    auto token = PathOf(call.request).substr(ReportPath.size() + 1);
+    const bool pdf = token.ends_with(".pdf");
+    if (pdf)
+        token.erase(token.size() - std::string_view(".pdf").size());
+    const auto session = SessionOf(call);
+    const auto report = session ? session->Files().Report(token) : std::nullopt;
+    if (!report || (pdf && !pdf_.Available()))
+        return call.Refuse(http::status::not_found, "O relatório não está aberto.");
+    if (!pdf)
+        return call.reply(AnswerReport(call.request, *report));
+    boost::asio::post(files_, [this, call, html = *report] {
+        try {
+            call.reply(AnswerDownload(call.request, pdf_.Print(html), "application/pdf", "relatorio.pdf"));
+        } catch (const std::exception& error) {
+            call.Refuse(http::status::internal_server_error, error.what());
+        }
+    });
 }
 
 void TWebApi::GiveGrid(const TCall& call)

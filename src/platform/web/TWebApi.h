@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/report/TPdfPrinter.h"
 #include "platform/services/TSessionUser.h"
 #include "platform/web/THttpAnswer.h"
 #include "platform/web/TLoginGuard.h"
@@ -27,7 +28,7 @@ public:
 
     /// What it refers to outlives it.
     TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-        TLoginGuard::TDuration firstPenalty);
+        TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand);
     /// Waits for the password that is being looked at and the file that is being read.
     ~TWebApi();
     TWebApi(const TWebApi&) = delete;
@@ -61,6 +62,7 @@ private:
     void TakeSettings(const TCall& call);
     void TakeFile(const TCall& call);
     void GiveFile(const TCall& call);
+    void GiveReport(const TCall& call);
     void GiveGrid(const TCall& call);
     static void GiveGridOf(const TApplication* application, const TCall& call);
     std::shared_ptr<TWebSession> SessionOf(const TCall& call) const;
@@ -69,6 +71,7 @@ private:
     boost::asio::io_context& context_;
     ISessionHost& host_;
     TSessionRegistry& sessions_;
+    const TPdfPrinter pdf_;
     TLoginGuard guard_;
     boost::asio::thread_pool files_{1}; ///< a slow disk holds up no connection
     boost::asio::thread_pool passwords_{1}; ///< one password at a time: looking at one takes all of a processor

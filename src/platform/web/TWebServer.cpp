@@ -28,7 +28,7 @@ public:
     TImpl(const TWebOptions& options, ISessionHost& host)
         : files_(options.clientFolder)
         , sessions_(host, options.limits)
-        , api_(context_, host, sessions_, options.loginPenalty)
+        , api_(context_, host, sessions_, options.loginPenalty, options.pdfCommand)
         , acceptor_(context_, tcp::endpoint(net::ip::make_address(options.address), options.port))
         , timer_(context_)
         , sweeper_(context_)

@@ -16,6 +16,7 @@ struct TWebOptions {
     std::filesystem::path clientFolder; ///< the built client
     int threads = 2; ///< for the connections; each session has one of its own besides
     TSessionLimits limits;
+    std::string pdfCommand; ///< the program that prints reports into PDF; empty: there is no PDF
     std::chrono::steady_clock::duration loginPenalty
         = std::chrono::seconds(1); ///< of the first wrong password too many
     std::chrono::steady_clock::duration sweep = std::chrono::seconds(15); ///< how often idle sessions are looked for

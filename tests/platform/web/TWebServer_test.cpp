@@ -41,6 +41,7 @@ public:
         edtBarra.OnChange.connect(this, &TfmTeste::edtBarraChange);
         edtTecla.OnKeyDown.connect(this, &TfmTeste::edtTeclaKeyDown);
         btnFalha.OnClick.connect(this, &TfmTeste::btnFalhaClick);
+        btnRelatorio.OnClick.connect(this, &TfmTeste::btnRelatorioClick);
         btnArquivo.OnClick.connect(this, &TfmTeste::btnArquivoClick);
         for (const auto* text : {"Zinco", "=1+1", "@a;\"b\"", "-x", "+x"}) {
             TbTextos.Append();
@@ -65,6 +66,7 @@ public:
     TEdit edtTecla{*this, "edtTecla"};
     TButton btnFalha{*this, "btnFalha", {.caption = "Falha"}};
     TButton btnArquivo{*this, "btnArquivo", {.caption = "Arquivo"}};
+    TButton btnRelatorio{*this, "btnRelatorio", {.caption = "Relatório"}};
     TImage imgFoto{*this, "imgFoto"};
     TGrid dbgLinhas{*this, "dbgLinhas", TbLinhas};
 
@@ -91,6 +93,12 @@ private:
     {
         edtSegundo.SetText(EscolheArquivo("Foto"));
         imgFoto.SetFile(edtSegundo.text());
+    }
+    void btnRelatorioClick()
+    {
+        TDialog viewer{.kind = TDialog::TKind::Report, .title = "Pendências"};
+        viewer.document = "<p>Pendentes: 12</p>";
+        Application().ShowDialog(viewer);
     }
     void btnFalhaClick() { throw std::runtime_error("disco cheio"); }
 };
@@ -695,6 +703,25 @@ TEST_F(WebServer, AGridIsGivenAlsoWhileAQuestionWaits)
     const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = asked.client.Cookie()});
     EXPECT_EQ(csv.result(), http::status::ok);
     EXPECT_FALSE(asked.Answer(Upload(asked.client, "foto.png", "pixels")).contains("refused"));
+}
+
+TEST_F(WebServer, AReportIsGivenWhileItsDialogIsOpen)
+{
+    TWebClient client(Port());
+    const auto dialog = client.Do(On("click", "btnRelatorio"))["dialogs"][0];
+    EXPECT_EQ(dialog["title"], "Pendências");
+    const auto path = "/relatorio/" + dialog["report"].get<std::string>();
+    const auto report = Get(path, {.cookie = client.Cookie()});
+    EXPECT_EQ(report.body(), "<p>Pendentes: 12</p>");
+    const std::string policy(report["Content-Security-Policy"]);
+    EXPECT_TRUE(policy.starts_with("default-src 'none'"));
+    EXPECT_EQ(policy.find("script"), std::string::npos);
+    EXPECT_EQ(Get(path).result(), http::status::unauthorized);
+    EXPECT_EQ(Get(path, {.cookie = LogIn(Port(), "BRUNO")}).result(), http::status::not_found);
+    EXPECT_EQ(Get(path + ".pdf", {.cookie = client.Cookie()}).result(), http::status::not_found) << "no program prints";
+
+    client.Do({{"event", "answer"}, {"dialog", dialog["dialog"]}, {"button", "ok"}});
+    EXPECT_EQ(Get(path, {.cookie = client.Cookie()}).result(), http::status::not_found);
 }
 
 TEST_F(WebServer, OnlyAGridOfTheUsersScreensIsGiven)
