@@ -11,6 +11,8 @@ namespace {
 constexpr std::string_view Seal
     = R"(<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; img-src data:; font-src data:">)";
 
+constexpr std::string_view PaperOnly = "<style>@media screen { body { display: none } }</style>";
+
 constexpr std::array<std::pair<std::string_view, char>, 6> Entities{{
     {"&amp;", '&'},
     {"&lt;", '<'},
@@ -52,6 +54,16 @@ char Entity(std::string_view html, std::size_t& at)
     return html[at++];
 }
 
+/// The document with one element more at the beginning of its head.
+std::string WithInHead(std::string html, std::string_view element)
+{
+    const auto head = LowerCase(html.substr(0, 1000)).find("<head>");
+    if (head == std::string::npos)
+        return "<!doctype html>" + std::string(element) + html;
+    html.insert(head + std::string_view("<head>").size(), element);
+    return html;
+}
+
 } // namespace
 
 std::string HtmlText(std::string_view html)
@@ -68,13 +80,8 @@ std::string HtmlText(std::string_view html)
     return text;
 }
 
-std::string SealedHtml(std::string html)
-{
-    const auto head = LowerCase(html.substr(0, 1000)).find("<head>");
-    if (head == std::string::npos)
-        return "<!doctype html>" + std::string(Seal) + html;
-    html.insert(head + std::string_view("<head>").size(), Seal);
-    return html;
-}
+std::string SealedHtml(std::string html) { return WithInHead(std::move(html), Seal); }
+
+std::string PaperHtml(std::string html) { return WithInHead(std::move(html), PaperOnly); }
 
 } // namespace alinhavo
