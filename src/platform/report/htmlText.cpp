@@ -68,13 +68,13 @@ std::string HtmlText(std::string_view html)
     return text;
 }
 
+// Before anything that a document could contain.
 std::string SealedHtml(std::string html)
 {
-    const auto head = LowerCase(html.substr(0, 1000)).find("<head>");
-    if (head == std::string::npos)
-        return "<!doctype html>" + std::string(Seal) + html;
-    html.insert(head + std::string_view("<head>").size(), Seal);
-    return html;
+    constexpr std::string_view Doctype = "<!doctype html>";
+    if (!SameText(std::string_view(html).substr(0, Doctype.size()), Doctype))
+        html.insert(0, Doctype);
+    return html.insert(Doctype.size(), Seal);
 }
 
 } // namespace alinhavo
