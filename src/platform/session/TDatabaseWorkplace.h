@@ -22,6 +22,7 @@ public:
         const IPasswords& passwords;
         TSessionUser user;
         std::string company;
+        TLoginGuard& guard;
         TConectados& connected;
         std::filesystem::path layouts; ///< the delivered templates of reports; the factory's own come before them
     };
