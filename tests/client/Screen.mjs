@@ -8,6 +8,11 @@ const titles = {
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
+    fmUsuarios: "Usuários e permissões",
+    fmParametros: "Parâmetros",
+    fmLog: "Registro de alterações",
+    fmConectados: "Quem está conectado",
+    fmTrocaSenha: "Trocar senha",
 };
 
 export class Screen {
