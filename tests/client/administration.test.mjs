@@ -14,6 +14,13 @@ async function elsewhere(browser, line, name) {
     return { context, page, screen: new Screen(page, name, "") };
 }
 
+/** By the login page, up to the menu. */
+async function worksAs(screen, user, password) {
+    await screen.comesIn(user, password);
+    await screen.page.locator(".menu-entry").first().waitFor();
+    await screen.settled();
+}
+
 /** What stands in the fields goes in one after the other. */
 async function types(screen, ...texts) {
     for (const text of texts) {
@@ -53,8 +60,7 @@ test("a new user gets a first password, comes in with it, changes it, and is ref
     await screen.asksNothing();
 
     const rosa = await elsewhere(browser, line, "fmTrocaSenha");
-    await rosa.screen.comesIn("rosa", "agulha e dedal");
-    await rosa.screen.settled();
+    await worksAs(rosa.screen, "rosa", "agulha e dedal");
     await rosa.screen.open("trocar senha");
     await types(rosa.screen, "agulha e dedo", "botão de osso", "botão de osso");
     await rosa.screen.press("Control+Enter");
@@ -74,8 +80,7 @@ test("a new user gets a first password, comes in with it, changes it, and is ref
 
 test("a supervisor ends a session whose work waits: it is undone, and its user is told", connected, async (screen, { page, browser, line }) => {
     const paulo = await elsewhere(browser, line, "fmFacFluxo");
-    await paulo.screen.comesIn("PAULO", "demo");
-    await paulo.screen.settled();
+    await worksAs(paulo.screen, "PAULO", "demo");
     await paulo.screen.open("cadastro fluxos");
     await types(paulo.screen, "zzz");
     await paulo.screen.asks("Fluxo não Cadastrado. Deseja Cadastrar?");
