@@ -63,6 +63,7 @@ std::unique_ptr<IWorkplace> TDatabaseHost::Open(
             .company = options_.database.company,
             .guard = guard_,
             .connected = connected,
+            .openAside = [this] { return OpenDatabase(options_.address, options_.database); },
             .layouts = options_.layouts},
         source, view, options_.registerScreens);
     workplace->Application().SetNow(options_.today);
