@@ -1,5 +1,10 @@
 #include "app/screens.h"
 
+#include "administration/TfmConectados.h"
+#include "administration/TfmDefineSenha.h"
+#include "administration/TfmParametros.h"
+#include "administration/TfmTrocaSenha.h"
+#include "administration/TfmUsuarios.h"
 #include "forms/TApplication.h"
 #include "master/TfmCadFluxo.h"
 #include "master/TfmFacFluxo.h"
@@ -33,6 +38,11 @@ void RegisterScreens(TApplication& application)
     Register<TfmRelFacDia>(application, "TfmRelFacDia");
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
     RegisterTableScreens(application);
+    Register<TfmUsuarios>(application, TfmUsuarios::Class);
+    Register<TfmDefineSenha>(application, TfmDefineSenha::Class);
+    Register<TfmTrocaSenha>(application, TfmTrocaSenha::Class);
+    Register<TfmParametros>(application, TfmParametros::Class);
+    Register<TfmConectados>(application, TfmConectados::Class);
 }
 
 } // namespace alinhavo
