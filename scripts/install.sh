@@ -9,6 +9,7 @@ build_packages=(
 )
 run_packages=(firebird3.0-server-core firebird3.0-utils chromium fonts-dejavu-core fonts-liberation2)
 test_packages=(postgresql clang-format clang-tidy-16 shellcheck)
+fuzz_packages=(clang-16 libclang-rt-16-dev)
 
 # Any node from 18 on will do, wherever it comes from.
 has_node() {

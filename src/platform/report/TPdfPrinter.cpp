@@ -2,6 +2,7 @@
 
 #include "forms/text.h"
 #include "platform/report/ETemplate.h"
+#include "platform/report/htmlText.h"
 #include "platform/report/TWorkFolder.h"
 
 #include <cerrno>
@@ -86,7 +87,7 @@ std::string TPdfPrinter::Print(std::string_view html, const std::atomic<bool>* c
     if (!Available())
         throw std::runtime_error("Não há um programa configurado para fazer o PDF; imprima pelo navegador.");
     const TWorkFolder folder;
-    std::ofstream(folder.Path() / "relatorio.html", std::ios::binary) << html;
+    std::ofstream(folder.Path() / "relatorio.html", std::ios::binary) << PaperHtml(std::string(html));
     Run(Arguments(folder.Path()), cancelled);
     std::ifstream file(folder.Path() / "relatorio.pdf", std::ios::binary);
     std::string pdf{std::istreambuf_iterator<char>(file), {}};
@@ -98,8 +99,9 @@ std::string TPdfPrinter::Print(std::string_view html, const std::atomic<bool>* c
 std::vector<std::string> TPdfPrinter::Arguments(const fs::path& folder) const
 {
     auto arguments = command_;
+    // Tags for screen readers make the file ten times as large, and the printing twice as long.
     for (const char* fixed : {"--headless", "--disable-gpu", "--no-first-run", "--disable-extensions",
-             "--disable-dev-shm-usage", "--no-pdf-header-footer"})
+             "--disable-dev-shm-usage", "--no-pdf-header-footer", "--disable-pdf-tagging"})
         arguments.emplace_back(fixed);
     // The browser's own sandbox refuses to work for root; the document itself forbids scripts and fetching.
     if (geteuid() == 0)

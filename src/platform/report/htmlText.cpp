@@ -11,6 +11,8 @@ namespace {
 constexpr std::string_view Seal
     = R"(<meta http-equiv="Content-Security-Policy" content="default-src 'none'; style-src 'unsafe-inline'; img-src data:; font-src data:">)";
 
+constexpr std::string_view PaperOnly = "<style>@media screen { body { display: none } }</style>";
+
 constexpr std::array<std::pair<std::string_view, char>, 6> Entities{{
     {"&amp;", '&'},
     {"&lt;", '<'},
@@ -52,6 +54,15 @@ char Entity(std::string_view html, std::size_t& at)
     return html[at++];
 }
 
+/// The document with one element more, before anything that it could contain.
+std::string Beginning(std::string html, std::string_view element)
+{
+    constexpr std::string_view Doctype = "<!doctype html>";
+    if (!SameText(std::string_view(html).substr(0, Doctype.size()), Doctype))
+        html.insert(0, Doctype);
+    return html.insert(Doctype.size(), element);
+}
+
 } // namespace
 
 std::string HtmlText(std::string_view html)
@@ -68,13 +79,8 @@ std::string HtmlText(std::string_view html)
     return text;
 }
 
-std::string SealedHtml(std::string html)
-{
-    const auto head = LowerCase(html.substr(0, 1000)).find("<head>");
-    if (head == std::string::npos)
-        return "<!doctype html>" + std::string(Seal) + html;
-    html.insert(head + std::string_view("<head>").size(), Seal);
-    return html;
-}
+std::string SealedHtml(std::string html) { return Beginning(std::move(html), Seal); }
+
+std::string PaperHtml(std::string html) { return Beginning(std::move(html), PaperOnly); }
 
 } // namespace alinhavo

@@ -12,4 +12,7 @@ std::string HtmlText(std::string_view html);
 /// The document with the rule that nothing in it may run, or fetch anything from elsewhere.
 std::string SealedHtml(std::string html);
 
+/// The document, shown on paper only: a browser that is to print it need not lay it out for a window before.
+std::string PaperHtml(std::string html);
+
 } // namespace alinhavo

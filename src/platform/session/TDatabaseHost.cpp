@@ -62,6 +62,7 @@ std::unique_ptr<IWorkplace> TDatabaseHost::Open(
             .user = user,
             .company = options_.database.company,
             .connected = connected,
+            .openAside = [this] { return OpenDatabase(options_.address, options_.database); },
             .layouts = options_.layouts},
         source, view, options_.registerScreens);
     workplace->Application().SetNow(options_.today);

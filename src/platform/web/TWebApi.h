@@ -16,6 +16,7 @@
 namespace alinhavo {
 
 class ISessionHost;
+class IShownReport;
 class TApplication;
 class TSessionRegistry;
 class TWebSession;
@@ -63,6 +64,9 @@ private:
     void TakeFile(const TCall& call);
     void GiveFile(const TCall& call);
     void GiveReport(const TCall& call);
+    void SendReport(const TCall& call);
+    static void OfReport(const std::shared_ptr<TWebSession>& session, const std::string& token, const TCall& call,
+        const std::function<void(IShownReport&)>& work);
     void GiveGrid(const TCall& call);
     static void GiveGridOf(const TApplication* application, const TCall& call);
     std::shared_ptr<TWebSession> SessionOf(const TCall& call) const;
@@ -74,6 +78,7 @@ private:
     const TPdfPrinter pdf_;
     TLoginGuard guard_;
     boost::asio::thread_pool files_{1}; ///< a slow disk holds up no connection
+    boost::asio::thread_pool prints_{1}; ///< one PDF at a time, which may take long and holds up nothing else
     boost::asio::thread_pool passwords_{1}; ///< one password at a time: looking at one takes all of a processor
 };
 

@@ -26,6 +26,7 @@
 
 namespace alinhavo {
 
+class IShownReport;
 class TApplication;
 
 /// A user's work: one thread with one application, which outlives the connections of its client.
@@ -68,6 +69,8 @@ public:
     /// session ends before. It throws nothing.
     using TAsked = std::function<void(TApplication*)>;
     void Ask(TAsked work);
+    /// That a dialog shows, by its token; null when it is closed. For work that was asked for.
+    IShownReport* Report(std::string_view token) const { return dialogs_.Report(token); }
 
 private:
     /// Where a keystroke would go.

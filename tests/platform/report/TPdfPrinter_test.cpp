@@ -25,7 +25,8 @@ std::string WhyNot(const TPdfPrinter& printer)
 TEST(TPdfPrinter, prints_each_page_of_the_document)
 {
     const auto pdf = TPdfPrinter("chromium")
-                         .Print("<!doctype html><style>div { break-after: page }</style><div>a</div><div>b</div><p>c");
+                         .Print("<!doctype html><html><head><style>div { break-after: page "
+                                "}</style></head><body><div>a</div><div>b</div><p>c");
     EXPECT_TRUE(pdf.starts_with("%PDF"));
     EXPECT_THAT(pdf, HasSubstr("/Count 3"));
 }
