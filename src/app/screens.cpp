@@ -4,8 +4,10 @@
 #include "master/TfmCadFluxo.h"
 #include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
+#include "orders/TfmNovaOF.h"
 #include "reports/TfmRelFacDia.h"
 #include "reports/TfmRelFacPen.h"
+#include "tables/TfmTabela.h"
 
 #include <memory>
 
@@ -27,8 +29,10 @@ void RegisterScreens(TApplication& application)
     Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
     Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
     Register<TfmFacMov>(application, "TfmFacMov");
+    Register<TfmNovaOF>(application, TfmNovaOF::Class);
     Register<TfmRelFacDia>(application, "TfmRelFacDia");
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
+    RegisterTableScreens(application);
 }
 
 } // namespace alinhavo

@@ -8,6 +8,10 @@ const titles = {
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
+    fmNovaOF: "Ordem de Fabricação",
+    fmTabela_CADCOR: "Cores",
+    fmTabela_FAIXA_ITEN: "Tamanhos da faixa",
+    fmTabela_PRODUTO: "Produtos",
 };
 
 export class Screen {
