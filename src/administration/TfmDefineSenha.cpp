@@ -1,7 +1,7 @@
 #include "administration/TfmDefineSenha.h"
 
-#include "administration/gravaTudo.h"
 #include "administration/senhaNova.h"
+#include "host/WriteWhole.h"
 
 #include <utility>
 
@@ -28,7 +28,7 @@ void TfmDefineSenha::btnConfirmarClick()
         = RecusaDaSenha({.senha = edtNova.text(), .repetida = edtRepetida.text(), .codigo = codigo_, .nome = nome_});
     if (!recusa.empty())
         return Recusa(recusa, edtNova);
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         App().Host.senhas.Grava(codigo_, edtNova.text());
         GeraLog("USUARIOS", "Senha do usuário " + nome_ + " definida", TOperacaoLog::Alteracao, codigo_);
     });

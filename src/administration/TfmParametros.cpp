@@ -1,8 +1,8 @@
 #include "administration/TfmParametros.h"
 
-#include "administration/gravaTudo.h"
 #include "forms/numbers.h"
 #include "forms/text.h"
+#include "host/WriteWhole.h"
 
 #include <algorithm>
 #include <cctype>
@@ -226,7 +226,7 @@ void TfmParametros::Grava(const TParametroDecl& parametro, const std::string& va
 {
     const auto nome = NomeDoParametro(parametro);
     const auto antes = BuscaParametro(parametro.grupo, parametro.numero);
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         if (Executa("UPDATE {PARAMETRO} SET VALOR = ?, DESCRICAO = ? WHERE GRUPO = ? AND NUMERO = ?", valor,
                 parametro.titulo, parametro.grupo, parametro.numero)
             == 0)

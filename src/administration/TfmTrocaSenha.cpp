@@ -1,7 +1,7 @@
 #include "administration/TfmTrocaSenha.h"
 
-#include "administration/gravaTudo.h"
 #include "administration/senhaNova.h"
+#include "host/WriteWhole.h"
 
 namespace alinhavo {
 
@@ -19,7 +19,7 @@ void TfmTrocaSenha::btnTrocarClick()
     if (!PodeTrocar())
         return;
     const auto usuario = Funcoes().vUsuarioCodigo();
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         App().Host.senhas.Grava(usuario, edtNova.text());
         GeraLog("USUARIOS", "Senha trocada pelo próprio usuário", TOperacaoLog::Alteracao, usuario);
     });

@@ -1,9 +1,9 @@
 #include "administration/TfmUsuarios.h"
 
-#include "administration/gravaTudo.h"
 #include "administration/TfmDefineSenha.h"
 #include "administration/TfmTrocaSenha.h"
 #include "forms/text.h"
+#include "host/WriteWhole.h"
 
 #include <array>
 #include <stdexcept>
@@ -335,7 +335,7 @@ void TfmUsuarios::btnConfirmarClick()
     if (!PodeConfirmar())
         return;
     const auto codigo = edtCodigo.text();
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         GravaUsuario();
         GravaDireitos(codigo);
         GravaSetores(codigo);
@@ -593,7 +593,7 @@ void TfmUsuarios::GravaSetores(const std::string& codigo)
 
 void TfmUsuarios::Bloqueia(const std::string& codigo)
 {
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         Executa("UPDATE {ACESSO_USUARIOS} SET BLOQUEADO = 'S' WHERE CODIGO = ?", codigo);
         Registra("Alteração do usuário " + codigo + ": bloqueado em vez de excluído", TOperacaoLog::Alteracao, codigo);
     });
@@ -604,7 +604,7 @@ void TfmUsuarios::Bloqueia(const std::string& codigo)
 void TfmUsuarios::Exclui(const std::string& codigo)
 {
     const auto nome = Nome();
-    GravaTudo(*this, [&] {
+    WriteWhole(Database(), [&] {
         Executa("DELETE FROM {ACESSO} WHERE USUARIO = ?", codigo);
         Executa("DELETE FROM {PREFERENCIA} WHERE USUARIO = ?", codigo);
         Executa("DELETE FROM {ACESSO_USUARIOS} WHERE CODIGO = ?", codigo);
