@@ -62,6 +62,7 @@ const auto screens = std::to_array<TMenuEntry>({
     {"06.04", "Cadastro de Tipos de Inspeção", "TfmCadTipoDef"},
     {"06.05", "Cadastro de Estampa por Cliente", "TfmEstampaCli"},
     {"06.06", "Relatório de Estampa", "TfmRelEstampa"},
+    {"06.07", "Importar e exportar tabelas", "TfmImportaExporta"},
 });
 
 std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
