@@ -1,3 +1,4 @@
+#include "app/command_cria.h"
 #include "app/command_demo.h"
 #include "app/command_exporta.h"
 #include "app/command_importa.h"
@@ -31,6 +32,10 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Alinhavo: controle da produção em facções."};
     app.require_subcommand(1);
+
+    TCriaOptions cria;
+    CLI::App& criaCommand = *app.add_subcommand("cria", "Cria um banco vazio, com o usuário ADMIN.");
+    criaCommand.add_option("--banco", cria.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
 
     TDemoOptions demo;
     CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
@@ -97,6 +102,8 @@ int main(int argc, char** argv)
     exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
 
     CLI11_PARSE(app, argc, argv);
+    if (criaCommand.parsed())
+        return RunCria(cria);
     if (demoCommand.parsed())
         return RunDemo(demo);
     if (importaCommand.parsed())

@@ -1,5 +1,10 @@
 #include "app/screens.h"
 
+#include "administration/TfmConectados.h"
+#include "administration/TfmDefineSenha.h"
+#include "administration/TfmParametros.h"
+#include "administration/TfmTrocaSenha.h"
+#include "administration/TfmUsuarios.h"
 #include "forms/TApplication.h"
 #include "host/TfmImportaExporta.h"
 #include "master/TfmCadFluxo.h"
@@ -45,6 +50,11 @@ void RegisterScreens(TApplication& application)
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
     RegisterTableScreens(application);
     RegisterImportAndExport(application);
+    Register<TfmUsuarios>(application, TfmUsuarios::Class);
+    Register<TfmDefineSenha>(application, TfmDefineSenha::Class);
+    Register<TfmTrocaSenha>(application, TfmTrocaSenha::Class);
+    Register<TfmParametros>(application, TfmParametros::Class);
+    Register<TfmConectados>(application, TfmConectados::Class);
 }
 
 } // namespace alinhavo

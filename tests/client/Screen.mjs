@@ -12,6 +12,11 @@ const titles = {
     fmTabela_CADCOR: "Cores",
     fmTabela_FAIXA_ITEN: "Tamanhos da faixa",
     fmTabela_PRODUTO: "Produtos",
+    fmUsuarios: "Usuários e permissões",
+    fmParametros: "Parâmetros",
+    fmLog: "Registro de alterações",
+    fmConectados: "Quem está conectado",
+    fmTrocaSenha: "Trocar senha",
 };
 
 export class Screen {

@@ -15,5 +15,6 @@ import "./factory.test.mjs";
 import "./protocol.test.mjs";
 import "./master.test.mjs";
 import "./tables.test.mjs";
+import "./administration.test.mjs";
 
 await runAll();

@@ -19,7 +19,7 @@ bool ReadsAsFormula(std::string_view text)
 std::string WithFormulaMark(std::string text)
 {
     if (ReadsAsFormula(text))
-        text.insert(0, "'");
+        text.insert(text.begin(), '\'');
     return text;
 }
 
@@ -36,7 +36,7 @@ std::string QuotedCell(const std::string& text)
         return text;
     std::string quoted = "\"";
     for (const char letter : text)
-        quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+        quoted.append(letter == '"' ? 2 : 1, letter);
     return quoted + '"';
 }
 
