@@ -3,8 +3,8 @@
 #
 #   (nothing)    one build, every test on Firebird and PostgreSQL, the checks, the browser client
 #   --rapido     what answers in two minutes: the test programs and roteiros on Firebird, the checks
-#   --completo   all of it, then clang-tidy over everything, thousands of random histories and the
-#                sanitizers' builds with their runs
+#   --completo   all of it, then clang-tidy over everything, thousands of random histories, ten minutes of each
+#                fuzzer and the sanitizers' builds with their runs
 #   NAME…        only these: a roteiro or folder of roteiros, a check (module, link, words, format, shell, scripts, tidy),
 #                or a test program (forms_tests; a regular expression)
 set -euo pipefail
@@ -82,6 +82,8 @@ run_completo() {
     run_default
     check tidy scripts/build.sh tidy -k 0 || true
     suite histories env ALINHAVO_REVERSAL_HISTORIES=2000 scripts/test_programs.sh release facmov_tests || true
+    install_packages fuzz
+    suite fuzz scripts/fuzz.sh 600 || true
     [ -n "${ALINHAVO_TEST_POSTGRESQL:-}" ] || return 0
     local sanitizer
     for sanitizer in asan tsan; do

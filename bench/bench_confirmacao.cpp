@@ -9,6 +9,7 @@
 
 #include "app/demo/TClerk.h"
 #include "bench/TBareDriver.h"
+#include "bench/timing.h"
 #include "forms/TDataSet.h"
 #include "movement/TfmFacMov.h"
 #include "platform/database/OpenDatabase.h"
@@ -59,19 +60,6 @@ std::vector<TOrder> Orders()
             for (const int lines : Sizes)
                 orders.push_back({Digits(static_cast<int>(orders.size()) + 1, 6), place, lines});
     return orders;
-}
-
-double Milliseconds(const std::function<void()>& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-double Median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
 }
 
 void FillFactory(TSqlDatabase& db)

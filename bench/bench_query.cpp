@@ -2,15 +2,14 @@
 // Prints one line a measurement: how many times as long the query layer takes, and both times. The pairs alternate, and the
 // medians count. Then the look-ups that screens make most, by their number a second. PostgreSQL is measured when ALINHAVO_TEST_POSTGRESQL names a server's superuser.
 
+#include "bench/timing.h"
 #include "platform/database/firebird/TFirebirdDatabase.h"
 #include "platform/database/OpenDatabase.h"
 #include "platform/database/schema.h"
 #include "platform/services/THashedPasswords.h"
 #include "platform/services/TSessionServices.h"
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -37,19 +36,6 @@ constexpr int Colours = 1'000;
 using TWork = std::function<void(int, int)>;
 
 double sink = 0; ///< what is read is added here, so that nothing is left out
-
-double Milliseconds(const std::function<void()>& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-double Median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
 
 /// Both do `count` operations in slices that alternate, so that the machine's other work falls on both.
 void Compare(const char* name, double limit, int count, int slice, const TWork& layer, const TWork& bare)

@@ -2,7 +2,7 @@
 
 add_library(alinhavo_options INTERFACE)
 target_compile_options(alinhavo_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Wshadow=local -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wnon-virtual-dtor -Woverloaded-virtual
   -Wimplicit-fallthrough -Werror)
 target_include_directories(alinhavo_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 

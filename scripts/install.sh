@@ -4,11 +4,12 @@
 build_packages=(
     g++ cmake ninja-build ccache mold pkg-config ca-certificates
     firebird-dev libpq-dev libboost-dev nlohmann-json3-dev libsodium-dev libcurl4-openssl-dev libssl-dev
-    liblua5.4-dev libxlsxwriter-dev libzint-dev libspdlog-dev libfmt-dev libcli11-dev
+    liblua5.4-dev libxlsxwriter-dev libzint-dev libzip-dev libexpat1-dev libspdlog-dev libfmt-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev
 )
 run_packages=(firebird3.0-server-core firebird3.0-utils chromium fonts-dejavu-core fonts-liberation2)
 test_packages=(postgresql clang-format clang-tidy-16 shellcheck)
+fuzz_packages=(clang-16 libclang-rt-16-dev)
 
 # Any node from 18 on will do, wherever it comes from.
 has_node() {

@@ -1,11 +1,18 @@
 #include "app/screens.h"
 
+#include "administration/TfmConectados.h"
+#include "administration/TfmDefineSenha.h"
+#include "administration/TfmParametros.h"
+#include "administration/TfmTrocaSenha.h"
+#include "administration/TfmUsuarios.h"
 #include "forms/TApplication.h"
 #include "master/TfmCadFluxo.h"
 #include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
+#include "orders/TfmNovaOF.h"
 #include "reports/TfmRelFacDia.h"
 #include "reports/TfmRelFacPen.h"
+#include "tables/TfmTabela.h"
 
 #include <memory>
 
@@ -27,8 +34,15 @@ void RegisterScreens(TApplication& application)
     Register<TfmCadFluxo>(application, TfmCadFluxo::Class);
     Register<TfmFacFluxo>(application, TfmFacFluxo::Class);
     Register<TfmFacMov>(application, "TfmFacMov");
+    Register<TfmNovaOF>(application, TfmNovaOF::Class);
     Register<TfmRelFacDia>(application, "TfmRelFacDia");
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
+    RegisterTableScreens(application);
+    Register<TfmUsuarios>(application, TfmUsuarios::Class);
+    Register<TfmDefineSenha>(application, TfmDefineSenha::Class);
+    Register<TfmTrocaSenha>(application, TfmTrocaSenha::Class);
+    Register<TfmParametros>(application, TfmParametros::Class);
+    Register<TfmConectados>(application, TfmConectados::Class);
 }
 
 } // namespace alinhavo

@@ -10,6 +10,7 @@
 
 namespace alinhavo {
 
+class IShownReport;
 class TDataSet;
 struct TUserEvent;
 
@@ -38,7 +39,7 @@ struct TDialog {
     TEvent<std::string_view> OnSearch = {};
     std::vector<std::int64_t> picked = {}; ///< rows of `rows`, from 0
     std::vector<std::string> files = {}; ///< Picture: to show
-    std::string document = {}; ///< Report: HTML
+    IShownReport* report = nullptr; ///< Report
 
     TModalResult result = TModalResult::None;
     bool beep = false; ///< an alarm: to be heard

@@ -3,6 +3,7 @@
 #include "forms/TControl.h"
 #include "forms/TDataSet.h"
 #include "forms/TGridColumn.h"
+#include "forms/TPastedRows.h"
 
 namespace alinhavo {
 
@@ -24,6 +25,7 @@ struct TGridOptions {
     bool enabled = true;
     bool visible = true;
     bool tabStop = true;
+    bool totals = false; ///< numbers are added up below the rows, until the user says otherwise
 };
 
 /// The rows of a dataset. The current row is the dataset's; what is typed stands in the editor of the current cell until
@@ -79,6 +81,8 @@ public:
     TEvent<> OnColExit; ///< Column() is the one left; an exception stays in the cell
     TEvent<> OnCellEdit; ///< what was typed, ticked or picked in Column() went into its field
     TEvent<std::string_view> OnTitleClick;
+    /// Cells were pasted. Without a handler they are typed one by one from the current cell on.
+    TEvent<const TPastedRows&> OnPaste;
     TEvent<> OnDoubleClick;
     /// The popup menu is about to open on the current row and the column.
     TEvent<std::string_view> OnPopup;
@@ -107,6 +111,7 @@ private:
     std::string PerformText(const TUserEvent& event);
     std::string PerformTick(const TUserEvent& event);
     std::string PerformTitle(const TUserEvent& event);
+    std::string PerformPaste(const TUserEvent& event);
     std::string WhyNoCell(const TUserEvent& event) const;
     std::string WhyNotEditable(int column) const;
     bool EnterKey();
@@ -145,6 +150,7 @@ private:
     mutable int column_ = 0;
     TGridExit onExit_;
     int lines_;
+    bool totals_;
     bool editing_ = false;
     std::string editorText_;
     std::uint64_t rowsVersion_ = 0;

@@ -52,7 +52,6 @@ private:
     const TTableDecl& Table() const;
     std::string Title() const;
     TStatement RowsWith(std::string_view text) const;
-    TStatement Matching(std::string_view text) const;
     void Search(std::string_view text);
     void ShowColumns();
     void PlaceShared();

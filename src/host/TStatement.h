@@ -89,6 +89,7 @@ public:
     TStatement& Add(TFragment fragment, auto&&... arguments)
     {
         Begin(fragment);
+        values_.reserve(values_.size() + sizeof...(arguments));
         (Argument(std::forward<decltype(arguments)>(arguments)), ...);
         End();
         return *this;

@@ -51,6 +51,46 @@ const TColumnDecl* FindColumn(const TTableDecl& table, std::string_view name)
     return found != table.columns.end() ? &*found : nullptr;
 }
 
+TReference ReferenceOf(const TColumnDecl& column)
+{
+    const auto dot = std::min(column.refersTo.find('.'), column.refersTo.size());
+    const auto* table = FindTable(column.refersTo.substr(0, dot));
+    if (!table)
+        return {};
+    const auto name = dot < column.refersTo.size() ? column.refersTo.substr(dot + 1) : table->key;
+    return {table, FindColumn(*table, name)};
+}
+
+std::vector<TChoice> Choices(const TColumnDecl& column)
+{
+    std::vector<TChoice> choices;
+    for (const auto choice : ColumnNames(column.choices)) {
+        const auto equals = std::min(choice.find('='), choice.size());
+        choices.push_back({choice.substr(0, equals), choice.substr(std::min(equals + 1, choice.size()))});
+    }
+    return choices;
+}
+
+std::string_view PersonKey(const TTableDecl& table)
+{
+    if (!table.rowKey.empty())
+        return table.rowKey;
+    const auto* key = FindColumn(table, table.key);
+    return key && key->kind == TColumnKind::Identity ? std::string_view() : table.key;
+}
+
+bool IsRequired(const TTableDecl& table, const TColumnDecl& column)
+{
+    if (column.kind == TColumnKind::Identity)
+        return false;
+    const auto listed = [&](std::string_view list) {
+        return std::ranges::any_of(ColumnNames(list), [&](std::string_view name) { return Same(name, column.name); });
+    };
+    return listed(table.key) || listed(table.required);
+}
+
+std::string TableScreen(const TTableDecl& table) { return "TfmTabela_" + std::string(table.name); }
+
 std::vector<std::string_view> ColumnNames(std::string_view list)
 {
     std::vector<std::string_view> names;

@@ -57,7 +57,7 @@ TfmFacMov::TfmFacMov(TApplication& application)
     edtCodDeposito.OnExit.connect(this, &TfmFacMov::edtCodDepositoExit);
     ZerarQuantidades1.OnClick.connect(this, &TfmFacMov::ZerarQuantidades1Click);
     Distribuirquantidade1.OnClick.connect(this, &TfmFacMov::Distribuirquantidade1Click);
-    dbg00Grade.SetPopupMenu(&PopupMenu1);
+    dbg00Grade.SetPopupMenu(&PopupMenu3);
     dbg00Grade.OnKeyDown.connect(this, &TfmFacMov::dbg00GradeKeyDown);
     dbg00Grade.OnRowColor.connect(this, &TfmFacMov::dbg00GradeRowColor);
     dbg00Grade.OnExit.connect(this, &TfmFacMov::dbg00GradeExit);
@@ -222,15 +222,15 @@ void TfmFacMov::PqEntidadeDestFechaPesquisa()
 void TfmFacMov::TelaKeyDown(TKey& key)
 {
     if (key.name == "F3") {
-        key.name.clear();
+        key.Swallow();
         Funcoes().AcessaLog(*this, "MOVIMENTO OF", edtOFNum.empty() ? edtM01OF.text() : edtOFNum.text());
     } else if (key.name == "F4") {
         AbrePesquisaDoCampo(key);
     } else if (key.name == "F7" && pnlConfirma.EffectivelyVisible()) {
-        key.name.clear();
+        key.Swallow();
         Executa_Form("TFmFacProdFunc");
     } else if (key.name == "Esc" && edtDtProducao.Focused()) {
-        key.name.clear();
+        key.Swallow();
     }
 }
 
@@ -243,7 +243,7 @@ void TfmFacMov::AbrePesquisaDoCampo(TKey& key)
     for (const auto& [field, pesquisa] : pesquisas) {
         if (!field->Focused())
             continue;
-        key.name.clear();
+        key.Swallow();
         return pesquisa->AbrePesquisa();
     }
 }

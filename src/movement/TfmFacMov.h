@@ -25,6 +25,7 @@
 #include "payment/TPrecos.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -199,9 +200,9 @@ public:
     TEdit EdtCodTip{GbEstoque, "EdtCodTip", {.caption = "Tipo de movimento", .maxLength = 3}};
     TEdit edtCodDeposito{GbEstoque, "edtCodDeposito", {.caption = "Depósito", .maxLength = 3}};
 
-    TPopupMenu PopupMenu1{*this, "PopupMenu1"};
-    TMenuItem ZerarQuantidades1{PopupMenu1, "ZerarQuantidades1", {.caption = "Zerar Quantidades"}};
-    TMenuItem Distribuirquantidade1{PopupMenu1, "Distribuirquantidade1", {.caption = "Distribuir Quantidades"}};
+    TPopupMenu PopupMenu3{*this, "PopupMenu3"};
+    TMenuItem ZerarQuantidades1{PopupMenu3, "ZerarQuantidades1", {.caption = "Zerar Quantidades"}};
+    TMenuItem Distribuirquantidade1{PopupMenu3, "Distribuirquantidade1", {.caption = "Distribuir Quantidades"}};
     TGrid dbg00Grade{tbsNormal, "dbg00Grade", TbTemp,
         {.caption = "Quantidades",
             .columns = {{.field = "Mov", .readOnly = true}, {.field = "Cor", .readOnly = true},
@@ -408,7 +409,7 @@ private:
     std::string LigaSetor(std::string_view setor, std::string_view coluna); ///< a switch of CADFLUXO
     bool SetorLivre(std::string_view setor) { return LigaSetor(setor, "BAIXALIVRE") == "S"; }
     bool ProdutoControlaEstoque();
-    bool ParteControlaEstoque();
+    bool ParteControlaEstoque(std::string_view parte);
     void CarregaPartes();
     std::string DepositoDoUsuario();
     std::string DepositoInicial();
@@ -432,6 +433,16 @@ private:
     bool QuantSomenteLeitura() const;
     void CarregaGrade(bool precoZero);
     void BaixaConjunta();
+    /// A pending line of another part.
+    struct TLinhaDaParte {
+        std::int64_t id = 0;
+        std::string codcli;
+        double qtde = 0;
+        double unitario = 0;
+    };
+    using TCorTam = std::pair<std::string, std::string>;
+    std::map<TCorTam, std::vector<TLinhaDaParte>> PendentesDaParte(
+        std::string_view parte); ///< of each the oldest first
     void ReduzGrade(const std::string& cor, const std::string& tam, double disponivel);
     TStatement SelectPendentes();
 
@@ -448,6 +459,8 @@ private:
     void ConfereConsumos();
     bool ConsumoPendente(bool desteSetor);
     void LancaReprovados();
+    /// Posts warehouse, quality, type and cost as given, the rest from the screen.
+    void EntraNoEstoque(TEstoque& estoque, double quantidade);
     void AcrescentaObservacao();
     void AtualizaAtivos();
     std::string Lote() const;

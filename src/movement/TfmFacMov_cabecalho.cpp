@@ -265,7 +265,7 @@ void TfmFacMov::edtFacDestKeyDown(TKey& key)
         PqEntidadeDest.Filtro
             = TStatement("CODCLI IN (SELECT CODCLI FROM {FAC_PROD} WHERE PRODUTO = ? AND SETOR = ? AND PARTE = ?)",
                 edtCodproduto.text(), edtSetorProx.text(), Parte());
-        key.name.clear();
+        key.Swallow();
         PqEntidadeDest.AbrePesquisa();
     }
     // Every key drops the filter, that of blocked clients included: this is wanted, and leaving the field still

@@ -125,7 +125,7 @@ bool TfmFacMov::ConfereTolerancias()
 
 bool TfmFacMov::ConfereEstoque()
 {
-    if (!UltimoSetorDoFluxo(EdtSetor.text()) || !ParteControlaEstoque())
+    if (!UltimoSetorDoFluxo(EdtSetor.text()) || !ParteControlaEstoque(Parte()))
         return true;
     if (!Existe("TABQUL", "CODIGO", Aspas(edtQual.text())))
         return Recusa("Código da qualidade não encontrado.", edtQual), false;
@@ -184,7 +184,7 @@ double TfmFacMov::Reprovados()
 
 bool TfmFacMov::MovimentaReprovados()
 {
-    return LigaSetor(EdtSetor.text(), "MOVREPROVADO") == "S" && ParteControlaEstoque() && Reprovados() > 0;
+    return LigaSetor(EdtSetor.text(), "MOVREPROVADO") == "S" && ParteControlaEstoque(Parte()) && Reprovados() > 0;
 }
 
 bool TfmFacMov::RecebeReprovados()
@@ -286,21 +286,10 @@ void TfmFacMov::LancaReprovados()
             const double quantidade = TbTemp.Quant_2.value() + TbTemp.Quant_I.value();
             if (quantidade <= 0)
                 return;
-            estoque.Codigo = edtCodproduto.text();
-            estoque.Cor = TbTemp.Cor.value();
-            estoque.Tam = TbTemp.Tam.value();
             estoque.Deposito = sDepositoReprovado;
-            estoque.Lote = Lote();
             estoque.Qualidade = "1";
-            estoque.Quantidade = quantidade;
-            estoque.Saida = false;
-            estoque.Documento = edtOFNum.text();
             estoque.TipoMovimento = sTipoMovReprovado;
-            estoque.Origem = "FC";
-            estoque.MovimentaEstoqueProduto();
-            TbTemp.Edit();
-            TbTemp.Est = "S";
-            TbTemp.Post();
+            EntraNoEstoque(estoque, quantidade);
         });
     } catch (const std::exception& error) {
         Mensagem("Ocorreu um erro na movimentação.\nErro: " + std::string(error.what()));

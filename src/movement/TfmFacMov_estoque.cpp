@@ -12,9 +12,9 @@ bool TfmFacMov::ProdutoControlaEstoque()
     return Busca_Valor("PRODUTO", "CODIGO", "ESTOQUE", Aspas(edtCodproduto.text())).AsString() == "S";
 }
 
-bool TfmFacMov::ParteControlaEstoque()
+bool TfmFacMov::ParteControlaEstoque(std::string_view parte)
 {
-    return Busca_Valor("TIPO_APL", "CODIGO", "ESTOQUE", Aspas(Parte())).AsString() == "S";
+    return Busca_Valor("TIPO_APL", "CODIGO", "ESTOQUE", Aspas(parte)).AsString() == "S";
 }
 
 std::string TfmFacMov::Lote() const { return sParamPCP140 == "2" ? edtOFNum.text() : "000000"; }
@@ -80,28 +80,32 @@ void TfmFacMov::LancaEstoque()
         const std::int64_t boas = TbTemp.Quant.AsInteger();
         if (boas <= 0)
             return;
-        estoque.Codigo = edtCodproduto.text();
-        estoque.Cor = TbTemp.Cor.value();
-        estoque.Tam = TbTemp.Tam.value();
-        estoque.Lote = Lote();
         estoque.Deposito = edtCodDeposito.text();
         estoque.Qualidade = edtQual.text();
-        estoque.Saida = false;
-        estoque.Quantidade = static_cast<double>(boas);
+        estoque.TipoMovimento = EdtCodTip.text();
         if (sParamFAC10 == "S") {
             if (!custos)
                 custos = Precos.CustosProduto(edtOFNum.text());
             estoque.Custo = custos->Preco(TbTemp.Cor.value());
         }
-        estoque.Documento = edtOFNum.text();
-        estoque.Observacao.clear();
-        estoque.TipoMovimento = EdtCodTip.text();
-        estoque.Origem = "FC";
-        estoque.MovimentaEstoqueProduto();
-        TbTemp.Edit();
-        TbTemp.Est = "S";
-        TbTemp.Post();
+        EntraNoEstoque(estoque, static_cast<double>(boas));
     });
+}
+
+// Pieces of the grid's current row; its history then tells that stock was posted.
+void TfmFacMov::EntraNoEstoque(TEstoque& estoque, double quantidade)
+{
+    estoque.Codigo = edtCodproduto.text();
+    estoque.Cor = TbTemp.Cor.value();
+    estoque.Tam = TbTemp.Tam.value();
+    estoque.Lote = Lote();
+    estoque.Documento = edtOFNum.text();
+    estoque.Origem = "FC";
+    estoque.Quantidade = quantidade;
+    estoque.MovimentaEstoqueProduto();
+    TbTemp.Edit();
+    TbTemp.Est = "S";
+    TbTemp.Post();
 }
 
 void TfmFacMov::AtualizaCodigoDeposito(std::string_view numero)

@@ -172,8 +172,6 @@ void TfmFacMov::TbTempBeforePost()
 {
     if (TbTemp.Tag != Open)
         return;
-    if (TbTemp.Setor.value().empty())
-        Abort();
     const bool quantEditavel = !QuantSomenteLeitura();
     if (TbTemp.Leaving() > TbTemp.Qt_Orig.value() - TbTemp.Quant_B.value() && !BaixaSetorMaior(EdtSetor.text())) {
         Alarme("Quantidade Maior que pendente na OF.", "Movimento de Facção");
@@ -195,6 +193,8 @@ void TfmFacMov::TbTempBeforePost()
         if (field->value() < 0)
             *field = 0;
     }
+    if (TbTemp.Setor.value().empty())
+        Abort();
 }
 
 void TfmFacMov::TbTempAfterPost()
@@ -274,7 +274,7 @@ void TfmFacMov::Distribuirquantidade1Click()
 void TfmFacMov::dbg00GradeKeyDown(TKey& key)
 {
     if (key.name == "F6" && !TbTemp.IsEmpty()) {
-        key.name.clear();
+        key.Swallow();
         return AbrirLancamentoDefeitos();
     }
     if (key.name == "F5" && !TbTemp.IsEmpty()) {

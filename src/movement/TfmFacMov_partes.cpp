@@ -20,7 +20,8 @@ struct TQuantidades {
     double Total() const { return quant + quant2 + quantI + quantF; }
 };
 
-/// The first of the combinations, from the whole to single kinds, that fits the line; a single kind is cut to fit.
+/// The first of the combinations, from the whole to single kinds, that fits the line; a single kind is cut to fit. Incomplete and
+/// missing pieces alone are never cut: where they do not fit, good and second quality do, being none.
 TQuantidades CabeNaLinha(const TQuantidades& oferta, double saldo)
 {
     if (oferta.Total() <= saldo)
@@ -31,11 +32,7 @@ TQuantidades CabeNaLinha(const TQuantidades& oferta, double saldo)
         return {.quant = oferta.quant, .quant2 = oferta.quant2};
     if (oferta.quant > 0)
         return {.quant = std::min(saldo, oferta.quant)};
-    if (oferta.quant2 > 0)
-        return {.quant2 = std::min(saldo, oferta.quant2)};
-    if (oferta.quantI > 0)
-        return {.quantI = std::min(saldo, oferta.quantI)};
-    return {.quantF = std::min(saldo, oferta.quantF)};
+    return {.quant2 = std::min(saldo, oferta.quant2)};
 }
 
 } // namespace
@@ -43,7 +40,7 @@ TQuantidades CabeNaLinha(const TQuantidades& oferta, double saldo)
 // Finished goods enter stock with all their parts: the scarcest decides how many.
 void TfmFacMov::BaixaConjunta()
 {
-    if (!bgUltimoSetor || sParamFAC260 != "S" || !ParteControlaEstoque())
+    if (!bgUltimoSetor || sParamFAC260 != "S" || !ParteControlaEstoque(Parte()))
         return;
     TOrvQuery partes = Consulta(R"(
         SELECT FACCAO.PARTE, MAX(TIPO_APL.DESCRICAO) AS DESCRICAO,
@@ -76,47 +73,59 @@ void TfmFacMov::BaixaConjunta()
 
 void TfmFacMov::ProcessaPartesdaBaixa(std::string_view parte, bool ultima)
 {
-    std::vector<std::pair<std::string, std::string>> grades;
-    std::set<std::pair<std::string, std::string>> vistas;
+    std::vector<TCorTam> grades;
+    std::set<TCorTam> vistas;
     TbTemp.ForEach([&] {
-        std::pair grade(TbTemp.Cor.value(), TbTemp.Tam.value());
+        TCorTam grade(TbTemp.Cor.value(), TbTemp.Tam.value());
         if (vistas.insert(grade).second)
             grades.push_back(std::move(grade));
     });
 
+    auto pendentes = PendentesDaParte(parte);
     double tabela = -1; // looked up once, when a line without a price of its own needs it
-    for (const auto& [cor, tam] : grades) {
-        TOrvQuery linhas = Consulta(R"(
-            SELECT (QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F) * 1.000 AS QTDE, IDENTIFICADOR, COR, TAM, CODCLI, PARTE,
-                   UNITARIO
-              FROM {FACCAO}
-             WHERE NUMERO = ? AND COR = ? AND TAM = ? AND PARTE = ? AND OP = ?
-               AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0
-             ORDER BY IDENTIFICADOR)",
-            edtOFNum.text(), cor, tam, parte, EdtSetor.text());
-        linhas.ForEach([&] {
-            const std::int64_t id = linhas.FieldByName("IDENTIFICADOR").AsInteger();
-            if (tbBaixaPartes.Locate("IDENTIFICADOR", {id}))
-                return;
-            double preco = linhas.FieldByName("UNITARIO").AsFloat();
+    for (const TCorTam& grade : grades) {
+        double disponivel = 0;
+        for (const TLinhaDaParte& linha : pendentes[grade]) {
+            double preco = linha.unitario;
             if (preco <= 0) {
                 if (tabela < 0)
                     tabela = PrecoFaccao(parte);
                 preco = tabela;
             }
             tbBaixaPartes.Append();
-            tbBaixaPartes.QTDE = linhas.FieldByName("QTDE").AsFloat();
-            tbBaixaPartes.IDENTIFICADOR = id;
-            tbBaixaPartes.COR = cor;
-            tbBaixaPartes.TAM = tam;
-            tbBaixaPartes.CODCLI = linhas.FieldByName("CODCLI").AsString();
+            tbBaixaPartes.QTDE = linha.qtde;
+            tbBaixaPartes.IDENTIFICADOR = linha.id;
+            tbBaixaPartes.COR = grade.first;
+            tbBaixaPartes.TAM = grade.second;
+            tbBaixaPartes.CODCLI = linha.codcli;
             tbBaixaPartes.PARTE = parte;
             tbBaixaPartes.ULT_PARTE = ultima ? "S" : "N";
             tbBaixaPartes.PRECO = preco;
             tbBaixaPartes.Post();
-        });
-        ReduzGrade(cor, tam, linhas.Sum("QTDE"));
+            disponivel += linha.qtde;
+        }
+        ReduzGrade(grade.first, grade.second, disponivel);
     }
+}
+
+// Read at once, since a round trip for each colour and size would cost more than the lines.
+std::map<TfmFacMov::TCorTam, std::vector<TfmFacMov::TLinhaDaParte>> TfmFacMov::PendentesDaParte(std::string_view parte)
+{
+    TOrvQuery linhas = Consulta(R"(
+        SELECT (QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F) * 1.000 AS QTDE, IDENTIFICADOR, COR, TAM, CODCLI, UNITARIO
+          FROM {FACCAO}
+         WHERE NUMERO = ? AND PARTE = ? AND OP = ? AND QT_ORIG - QUANT - QUANT_2 - QUANT_I - QUANT_F > 0
+         ORDER BY IDENTIFICADOR)",
+        edtOFNum.text(), parte, EdtSetor.text());
+    std::map<TCorTam, std::vector<TLinhaDaParte>> pendentes;
+    linhas.ForEach([&] {
+        pendentes[{linhas.FieldByName("COR").AsString(), linhas.FieldByName("TAM").AsString()}].push_back(
+            {.id = linhas.FieldByName("IDENTIFICADOR").AsInteger(),
+                .codcli = linhas.FieldByName("CODCLI").AsString(),
+                .qtde = linhas.FieldByName("QTDE").AsFloat(),
+                .unitario = linhas.FieldByName("UNITARIO").AsFloat()});
+    });
+    return pendentes;
 }
 
 // The grid can't leave more than the other part has: the cut comes off the row with the largest quantity, piece by piece.
@@ -161,6 +170,7 @@ void TfmFacMov::GravaPartesdaBaixa()
     });
 
     const bool produtoComEstoque = ProdutoControlaEstoque();
+    std::map<std::string, bool> comEstoqueDaParte;
     tbBaixaPartes.ForEach([&] {
         if (!TbBaixa.Locate("COR;TAM", {tbBaixaPartes.COR.value(), tbBaixaPartes.TAM.value()}))
             return;
@@ -171,8 +181,10 @@ void TfmFacMov::GravaPartesdaBaixa()
         if (oferta.Total() <= 0)
             return;
         const TQuantidades sai = CabeNaLinha(oferta, tbBaixaPartes.QTDE.value());
-        const bool comEstoque = produtoComEstoque
-            && Busca_Valor("TIPO_APL", "CODIGO", "ESTOQUE", Aspas(tbBaixaPartes.PARTE.value())).AsString() == "S";
+        const auto [daParte, nova] = comEstoqueDaParte.try_emplace(tbBaixaPartes.PARTE.value());
+        if (nova)
+            daParte->second = produtoComEstoque && ParteControlaEstoque(daParte->first);
+        const bool comEstoque = daParte->second;
 
         Executa(R"(
             UPDATE {FACCAO} SET QUANT = QUANT + ?, QUANT_2 = QUANT_2 + ?, QUANT_I = QUANT_I + ?, QUANT_F = QUANT_F + ?

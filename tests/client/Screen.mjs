@@ -8,6 +8,15 @@ const titles = {
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
+    fmNovaOF: "Ordem de Fabricação",
+    fmTabela_CADCOR: "Cores",
+    fmTabela_FAIXA_ITEN: "Tamanhos da faixa",
+    fmTabela_PRODUTO: "Produtos",
+    fmUsuarios: "Usuários e permissões",
+    fmParametros: "Parâmetros",
+    fmLog: "Registro de alterações",
+    fmConectados: "Quem está conectado",
+    fmTrocaSenha: "Trocar senha",
 };
 
 export class Screen {

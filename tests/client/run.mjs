@@ -14,5 +14,7 @@ import "./look.test.mjs";
 import "./factory.test.mjs";
 import "./protocol.test.mjs";
 import "./master.test.mjs";
+import "./tables.test.mjs";
+import "./administration.test.mjs";
 
 await runAll();

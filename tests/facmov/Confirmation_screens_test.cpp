@@ -49,6 +49,67 @@ public:
     static inline bool agrees = true;
 };
 
+/// Stands in for the billing screen, known by the names of its components: it tells what was asked of it, and bills the orders
+/// that are ticked.
+class TfmFatMetCobDev final : public TForm {
+public:
+    explicit TfmFatMetCobDev(TApplication& application)
+        : TForm(application, "TfmFatMetCobDev", "Faturamento")
+    {
+        btnConsultar.OnClick.connect(this, &TfmFatMetCobDev::btnConsultarClick);
+        GerarNotasFiscais1.OnClick.connect(this, &TfmFatMetCobDev::GerarNotasFiscais1Click);
+        btnFechar.OnClick.connect(this, &TfmFatMetCobDev::btnFecharClick);
+    }
+
+    TPageControl PageControl2{*this, "PageControl2"};
+    TTabSheet tbsConsulta{PageControl2, "tbsConsulta", {.caption = "Consulta"}};
+    TTabSheet tbsNotas{PageControl2, "tbsNotas", {.caption = "Notas"}};
+    TEdit EdtNumeroDoc{tbsConsulta, "EdtNumeroDoc"};
+    TEdit edtCodSetor{tbsConsulta, "edtCodSetor"};
+    TEdit edtCodCli{tbsConsulta, "edtCodCli"};
+    TEdit edtCodParte{tbsConsulta, "edtCodParte"};
+    TEdit edtMov{tbsConsulta, "edtMov"};
+    TDateEdit DtInicio{tbsConsulta, "DtInicio"};
+    TDateEdit DtFim{tbsConsulta, "DtFim"};
+    TRadioGroup rgStatus{tbsConsulta, "rgStatus", {.items = {"Pendentes", "Todos"}, .itemIndex = 1}};
+    TRadioGroup rgDocumento{tbsConsulta, "rgDocumento", {.items = {"Pedido", "OF"}, .itemIndex = 0}};
+    TButton btnConsultar{tbsConsulta, "btnConsultar", {.caption = "Consultar"}};
+    TButton btnFechar{tbsConsulta, "btnFechar", {.caption = "Fechar"}};
+    TPopupMenu PopupMenu1{*this, "PopupMenu1"};
+    TMenuItem GerarNotasFiscais1{PopupMenu1, "GerarNotasFiscais1", {.caption = "Gerar Notas Fiscais"}};
+    TMemTable tbDocto{*this, "tbDocto"};
+    TStringField Numero{tbDocto, "Numero", 6};
+    TStringField Sel{tbDocto, "Sel", 1};
+
+    static inline std::string query; ///< what the fields held when it was pressed
+    static inline std::vector<std::string> billed;
+    static inline int closed = 0;
+
+private:
+    void btnConsultarClick()
+    {
+        for (const TTextControl* field : std::initializer_list<const TTextControl*>{
+                 &EdtNumeroDoc, &edtCodSetor, &edtCodCli, &edtCodParte, &edtMov, &DtInicio, &DtFim})
+            query += field->text() + " ";
+        query += std::to_string(PageControl2.ActivePageIndex()) + std::to_string(rgStatus.ItemIndex())
+            + std::to_string(rgDocumento.ItemIndex());
+        for (const char* order : {"000123", "000124"}) {
+            tbDocto.Append();
+            Numero = order;
+            tbDocto.Post();
+        }
+        tbDocto.First();
+    }
+    void GerarNotasFiscais1Click()
+    {
+        tbDocto.ForEach([&] {
+            if (Sel.value() == "S")
+                billed.push_back(Numero.value());
+        });
+    }
+    void btnFecharClick() { ++closed; }
+};
+
 /// Ten pieces of order 000123 wait in sewing at subcontractor 00010 as batch 4; eight leave good, two second quality.
 class ConfirmationScreens : public TMovementTest {
 protected:
@@ -145,6 +206,26 @@ TEST_P(ConfirmationScreens, LossesWithoutDefectsAreHandedToTheInspectionAndNothi
         ElementsAre("4", "01", "000009", "M", "20"));
     EXPECT_EQ(defect.quant, 2);
     EXPECT_EQ(Written(), 0);
+}
+
+TEST_P(ConfirmationScreens, TheBillingScreenIsLedByItsComponentsToTheNotesOfTheMovement)
+{
+    session->RegisterForm(
+        "TfmFatMetCobDev", [](TApplication& application) { return std::make_unique<TfmFatMetCobDev>(application); });
+    Write({"INSERT INTO {ACESSO_MENU} (NIVEL, DESCRICAO, NOME_FORM) VALUES ('07.01', 'Faturamento', "
+           "'TfmFatMetCobDev')"});
+    Write({"INSERT INTO {ACESSO} (USUARIO, LOCAL, ALTERA) VALUES ('ADMIN', '07.01', 'Sim')"});
+    TfmFatMetCobDev::query.clear();
+    TfmFatMetCobDev::billed.clear();
+    TfmFatMetCobDev::closed = 0;
+    Screen().CbGeraNotaFiscal.SetChecked(true);
+
+    Confirm();
+
+    EXPECT_EQ(TfmFatMetCobDev::query, "000123 30 00001 01 4 01/01/2000 01/01/2050 001");
+    EXPECT_THAT(TfmFatMetCobDev::billed, ElementsAre("000123"));
+    EXPECT_EQ(TfmFatMetCobDev::closed, 1);
+    EXPECT_EQ(Written(), 1);
 }
 
 } // namespace

@@ -158,14 +158,147 @@ TEST(TableDeclarations, FitTheWidestIndex)
     });
 }
 
-TEST(TableDeclarations, CaptionEveryTableAndEveryColumnThatAPersonMaintains)
+/// Numbers that the program gives, and what nobody may read.
+bool IsTechnical(std::string_view column)
 {
-    const std::set<std::string_view> technical{"ID_ANT", "EMAIL", "SEQUENCIA", "SENHA", "IDENTIFICADOR"};
-    ForEachTable([&](const TTableDecl& table) {
+    return std::set<std::string_view>{"ID_ANT", "EMAIL", "SEQUENCIA", "SENHA", "IDENTIFICADOR"}.contains(column);
+}
+
+bool HasUnseenKey(const TTableDecl& table)
+{
+    const auto* key = FindColumn(table, table.key);
+    return key && key->kind == TColumnKind::Identity;
+}
+
+TEST(TableDeclarations, CaptionEveryTableAndEveryColumnThatAPersonSees)
+{
+    ForEachTable([](const TTableDecl& table) {
         EXPECT_FALSE(table.caption.empty());
         for (const auto& column : table.columns)
-            EXPECT_TRUE(!column.caption.empty() || technical.contains(column.name)) << column.name;
+            EXPECT_TRUE(!column.caption.empty() || IsTechnical(column.name)) << column.name;
     });
+}
+
+TEST(TableDeclarations, CaptionNoTwoColumnsOfATableAlike)
+{
+    ForEachTable([](const TTableDecl& table) {
+        std::set<std::string_view> captions;
+        for (const auto& column : table.columns)
+            EXPECT_TRUE(column.caption.empty() || captions.insert(column.caption).second) << column.caption;
+    });
+}
+
+TEST(TableDeclarations, CaptionNoTwoTablesAlike)
+{
+    std::set<std::string_view> captions;
+    for (const auto& table : Tables())
+        EXPECT_TRUE(captions.insert(table.caption).second) << table.name << " " << table.caption;
+}
+
+TEST(TableDeclarations, SayUnderWhatAPersonLooksForATable)
+{
+    ForEachTable([](const TTableDecl& table) { EXPECT_EQ(table.group.empty(), table.keeper == TKeeper::System); });
+}
+
+TEST(TableDeclarations, NameTheScreenOfATableThatAScreenKeeps)
+{
+    ForEachTable([](const TTableDecl& table) { EXPECT_EQ(table.screen.empty(), table.keeper != TKeeper::Screen); });
+}
+
+TEST(TableDeclarations, LetAPersonSeeTheKeyOfWhatHeMaintains)
+{
+    ForEachTable([](const TTableDecl& table) {
+        if (table.keeper != TKeeper::Person)
+            return;
+        for (const auto name : ColumnNames(table.key))
+            EXPECT_EQ(FindColumn(table, name)->caption.empty(), HasUnseenKey(table)) << name;
+    });
+}
+
+TEST(TableDeclarations, NameTheirOwnColumnsAsDescriptionRowKeyAndRequired)
+{
+    ForEachTable([](const TTableDecl& table) {
+        EXPECT_TRUE(table.description.empty() || FindColumn(table, table.description)) << table.description;
+        for (const auto list : {table.rowKey, table.required})
+            for (const auto name : ColumnNames(list))
+                EXPECT_NE(FindColumn(table, name), nullptr) << name;
+    });
+}
+
+TEST(TableDeclarations, HaveARowKeyOnlyWhereTheKeyIsANumberUnseen)
+{
+    ForEachTable([](const TTableDecl& table) { EXPECT_TRUE(table.rowKey.empty() || HasUnseenKey(table)); });
+}
+
+TEST(TableDeclarations, ReferToDeclaredColumnsOfTheSameKindAndWidth)
+{
+    ForEachTable([](const TTableDecl& table) {
+        for (const auto& column : table.columns) {
+            if (column.refersTo.empty())
+                continue;
+            const auto reference = ReferenceOf(column);
+            ASSERT_TRUE(reference.table && reference.column) << column.name << " " << column.refersTo;
+            EXPECT_EQ(column.kind, reference.column->kind) << column.name;
+            EXPECT_EQ(column.width, reference.column->width) << column.name;
+        }
+    });
+}
+
+TEST(TableDeclarations, GiveChoicesThatFitTheirColumn)
+{
+    ForEachTable([](const TTableDecl& table) {
+        for (const auto& column : table.columns)
+            for (const auto& choice : Choices(column)) {
+                EXPECT_FALSE(choice.value.empty() || choice.caption.empty()) << column.name;
+                EXPECT_TRUE(column.kind != TColumnKind::Text || choice.value.size() <= std::size_t(column.width))
+                    << column.name << " " << choice.value;
+            }
+    });
+}
+
+TEST(TableDeclarations, FollowAReferenceToTheKeyOrToTheColumnNamed)
+{
+    EXPECT_EQ(ReferenceOf(*FindColumn(*FindTable("OF1"), "CODCLI")).table, FindTable("ENTIDADE"));
+    EXPECT_EQ(ReferenceOf(*FindColumn(*FindTable("OF1"), "CODCLI")).column->name, "CODCLI");
+    EXPECT_EQ(ReferenceOf(*FindColumn(*FindTable("VENDA_CAIXA"), "USUARIO")).column->name, "NOME");
+    EXPECT_EQ(ReferenceOf(*FindColumn(*FindTable("OF1"), "OBSERVACAO")).table, nullptr);
+}
+
+TEST(TableDeclarations, TellTheRowsOfATableApartForAPerson)
+{
+    EXPECT_EQ(PersonKey(*FindTable("CADCOR")), "COR");
+    EXPECT_EQ(PersonKey(*FindTable("PED_ITEN")), "NUMERO,CODIGO,COR,TAM");
+    EXPECT_EQ(PersonKey(*FindTable("PRECO_ITEN")), "");
+}
+
+TEST(TableDeclarations, RequireTheKeyAndWhatTheyListButNoIdentity)
+{
+    const auto required = [](const char* table, const char* column) {
+        return IsRequired(*FindTable(table), *FindColumn(*FindTable(table), column));
+    };
+    EXPECT_TRUE(required("CADCOR", "COR"));
+    EXPECT_TRUE(required("CADCOR", "DESCRICAO"));
+    EXPECT_TRUE(required("PED_ITEN", "TAM"));
+    EXPECT_FALSE(required("PED_ITEN", "IDENTIFICADOR"));
+    EXPECT_FALSE(required("PED_ITEN", "PRECO"));
+}
+
+TEST(TableDeclarations, SplitChoicesInValueAndCaption)
+{
+    const auto choices = Choices(*FindColumn(*FindTable("TABBAI"), "TIPO"));
+    ASSERT_EQ(choices.size(), 2u);
+    EXPECT_EQ(choices[0].value, "E");
+    EXPECT_EQ(choices[0].caption, "Entrada");
+    EXPECT_EQ(choices[1].value, "S");
+    EXPECT_EQ(choices[1].caption, "Saída");
+    EXPECT_TRUE(Choices(*FindColumn(*FindTable("CADCOR"), "DESCRICAO")).empty());
+}
+
+TEST(TableDeclarations, KeepUsersRightsAndPasswordsOffTheTablesScreen)
+{
+    for (const auto name : {"ACESSO", "ACESSO_MENU", "ACESSO_USUARIOS", "PREFERENCIA", "PARAMETRO", "ARQUIVO"})
+        EXPECT_EQ(FindTable(name)->keeper, TKeeper::System) << name;
+    EXPECT_TRUE(FindColumn(*FindTable("ACESSO_USUARIOS"), "SENHA")->caption.empty());
 }
 
 TEST(TableDeclarations, AreFoundWithoutRegardToCase)

@@ -97,6 +97,7 @@ private:
         std::string number = {}; ///< none in the first sector
         bool isMain = false; ///< the others leave the last sector with it
         bool isOnlyPart = false;
+        bool mayDivide = true;
         bool isRest = false; ///< of a batch that has moved in part
 
         bool IsLast() const { return sector == flow->sectors.back(); }

@@ -85,7 +85,9 @@ void TDemoFactory::EnterProduction(TRandom& random, const TOrder& order, std::mu
             .flow = &demo::FlowOf(part.flow),
             .sector = demo::FlowOf(part.flow).sectors.front(),
             .isMain = &part == &parts.front(),
-            .isOnlyPart = parts.size() == 1};
+            .isOnlyPart = parts.size() == 1,
+            // Of three parts or more, each line of those before the last gives up as much as the main part takes.
+            .mayDivide = &part == &parts.front() || parts.size() == 2};
         if (!batch.isMain)
             ++elsewhere[&order];
         due.emplace(day, batch);
@@ -96,28 +98,23 @@ void TDemoFactory::MoveBatch(TRandom& random, TMovementClerk& clerk, TDateTime d
     std::multimap<TDateTime, TBatch>& due, std::map<const TOrder*, int>& elsewhere)
 {
     const demo::TSector& sector = demo::SectorOf(batch.sector);
-    const bool divides = !batch.isRest && !batch.flow->free && !batch.IsLast() && HasSwitch(sector, "BAIXAPARCIAL")
-        && batch.order->items.front().quantity > 4 && random.Chance(18);
+    const bool divides = batch.mayDivide && !batch.isRest && !batch.flow->free && !batch.IsLast()
+        && HasSwitch(sector, "BAIXAPARCIAL") && batch.order->items.front().quantity > 4 && random.Chance(18);
     // Losses of one part would leave the others without their match; where defects are demanded, an inspection writes them first.
     const bool hasLosses = !divides && batch.isOnlyPart && sector.trade != demo::TTrade::House && random.Chance(45);
     int staying = 0;
-    TMovementClerk::TArrival arrival;
-    try {
-        arrival = clerk.Move({.order = batch.order->number,
-                                 .part = std::string(batch.part),
-                                 .sector = std::string(batch.sector),
-                                 .batch = batch.number,
-                                 .destination = DestinationOf(random, batch)},
-            [&](int pending) {
-                const TLeaving leaving = divides ? Portion(pending)
-                    : hasLosses                  ? WithLosses(random, pending)
-                                                 : TLeaving{.good = pending};
-                staying += divides ? pending - leaving.good : 0;
-                return leaving;
-            });
-    } catch (const std::runtime_error&) {
-        return; // what the screen refuses waits where it is, as it would in a factory
-    }
+    const TMovementClerk::TArrival arrival = clerk.Move({.order = batch.order->number,
+                                                            .part = std::string(batch.part),
+                                                            .sector = std::string(batch.sector),
+                                                            .batch = batch.number,
+                                                            .destination = DestinationOf(random, batch)},
+        [&](int pending) {
+            const TLeaving leaving = divides ? Portion(pending)
+                : hasLosses                  ? WithLosses(random, pending)
+                                             : TLeaving{.good = pending};
+            staying += divides ? pending - leaving.good : 0;
+            return leaving;
+        });
 
     if (staying > 0) {
         TBatch rest = batch;

@@ -1,3 +1,4 @@
+#include "host/tables/Groups.h"
 #include "host/tables/Subjects.h"
 #include "host/tables/Widths.h"
 
@@ -9,9 +10,9 @@ using enum TColumnKind;
 constexpr TColumnDecl materialColumns[] = {
     {"CODIGO", Text, width::product, "Código"},
     {"DESCRICAO", Text, width::productName, "Descrição"},
-    {"UNIDADE", Text, width::unit, "Unidade"},
-    {"GRUPO", Text, width::materialGroup, "Grupo"},
-    {"ATIVO", Text, width::flag, "Ativo"},
+    {"UNIDADE", Text, width::unit, "Unidade", "UNIDADE"},
+    {"GRUPO", Text, width::materialGroup, "Grupo", "GRUPO_MA"},
+    {.name = "ATIVO", .kind = Text, .width = width::flag, .caption = "Ativo", .choices = yesNo, .initial = "S"},
     {"COMPOSICAO", Text, 250, "Composição"},
     {"CONCENTRACAO", Text, 20, "Concentração"},
     {"GRAMATURA", Float, 0, "Gramatura"},
@@ -29,11 +30,11 @@ constexpr TIndexDecl materialIndexes[] = {
 constexpr TColumnDecl grupoMaColumns[] = {
     {"CODIGO", Text, width::materialGroup, "Código"},
     {"DESCRICAO", Text, width::description, "Descrição"},
-    {"DESP", Text, width::flag, "Tecido de corte"},
+    {.name = "DESP", .kind = Text, .width = width::flag, .caption = "Tecido de corte", .choices = yesNo},
 };
 
 constexpr TColumnDecl cadmattiColumns[] = {
-    {"CODIGO2", Text, width::product, "Material"},
+    {"CODIGO2", Text, width::product, "Material", "MATERIAL"},
     {"GRAMATURA", Float, 0, "Gramatura"},
     {"KGROLO", Float, 0, "Quilos por rolo"},
     {"LTIN", Float, 0, "Largura tinta"},
@@ -42,8 +43,8 @@ constexpr TColumnDecl cadmattiColumns[] = {
 
 constexpr TColumnDecl cadcortiColumns[] = {
     {"IDENTIFICADOR", Identity},
-    {"CODCLI", Text, width::client, "Tinturaria"},
-    {"COR", Text, width::colour, "Cor"},
+    {"CODCLI", Text, width::client, "Tinturaria", "ENTIDADE"},
+    {"COR", Text, width::colour, "Cor", "CADCOR"},
     {"COR1", Text, 20, "Cor na tinturaria"},
     {"CUSTO", Float, 0, "Custo"},
     {"TIPO", Text, 2, "Tipo"},
@@ -55,11 +56,11 @@ constexpr TIndexDecl cadcortiIndexes[] = {
 
 constexpr TColumnDecl consMalhaColumns[] = {
     {"IDENTIFICADOR", Identity},
-    {"PRODUTO", Text, width::product, "Produto"},
-    {"CODIGO", Text, width::product, "Material"},
-    {"FAIXA", Text, width::consumptionRange, "Faixa de consumo"},
-    {"APLICACAO", Text, width::application, "Aplicação"},
-    {"PARTE", Text, width::part, "Parte"},
+    {"PRODUTO", Text, width::product, "Produto", "PRODUTO"},
+    {"CODIGO", Text, width::product, "Material", "MATERIAL"},
+    {"FAIXA", Text, width::consumptionRange, "Faixa de consumo", "PCPFAIXA"},
+    {"APLICACAO", Text, width::application, "Aplicação", "PCPAPL"},
+    {"PARTE", Text, width::part, "Parte", "TIPO_APL"},
     {"INFESTO", Text, 10, "Enfesto"},
     {"COMPRIMENTO", Float, 0, "Comprimento"},
     {"LARGURA", Float, 0, "Largura"},
@@ -69,7 +70,7 @@ constexpr TColumnDecl consMalhaColumns[] = {
     {"PESO", Float, 0, "Peso"},
     {"PESO_PECA", Float, 0, "Peso da peça"},
     {"QTDE_FOLHAS", Float, 0, "Quantidade de folhas"},
-    {"TUBULAR", Text, width::flag, "Tubular"},
+    {.name = "TUBULAR", .kind = Text, .width = width::flag, .caption = "Tubular", .choices = yesNo},
 };
 
 constexpr TIndexDecl consMalhaIndexes[] = {
@@ -77,8 +78,8 @@ constexpr TIndexDecl consMalhaIndexes[] = {
 };
 
 constexpr TColumnDecl contratipoColumns[] = {
-    {"MATERIAL", Text, width::product, "Material"},
-    {"CODIGO", Text, width::product, "Contratipo"},
+    {"MATERIAL", Text, width::product, "Material", "MATERIAL"},
+    {"CODIGO", Text, width::product, "Contratipo", "MATERIAL"},
 };
 
 constexpr TColumnDecl pcpaplColumns[] = {
@@ -117,8 +118,8 @@ constexpr TColumnDecl pcpfaixaColumns[] = {
 
 constexpr TColumnDecl pcpft2Columns[] = {
     {"IDENTIFICADOR", Identity},
-    {"CODIGO", Text, width::product, "Produto"},
-    {"APLICACAO", Text, width::application, "Aplicação"},
+    {"CODIGO", Text, width::product, "Produto", "PRODUTO"},
+    {"APLICACAO", Text, width::application, "Aplicação", "PCPAPL"},
 };
 
 constexpr TIndexDecl pcpft2Indexes[] = {
@@ -129,29 +130,68 @@ constexpr TTableDecl all[] = {
     {.name = "CADCORTI",
         .caption = "Cores de tinturaria",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .rowKey = "CODCLI,COR",
+        .required = "CODCLI,COR",
         .columns = cadcortiColumns,
         .indexes = cadcortiIndexes},
-    {.name = "CADMATTI", .caption = "Malhas tintas", .key = "CODIGO2", .columns = cadmattiColumns},
+    {.name = "CADMATTI",
+        .caption = "Malhas tintas",
+        .key = "CODIGO2",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .columns = cadmattiColumns},
     {.name = "CONS_MALHA",
         .caption = "Consumo de malha",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .rowKey = "PRODUTO,CODIGO,FAIXA,APLICACAO,PARTE",
+        .required = "PRODUTO,CODIGO",
         .columns = consMalhaColumns,
         .indexes = consMalhaIndexes},
     {.name = "CONTRATIPO",
         .caption = "Contratipos de materiais",
         .key = "MATERIAL,CODIGO",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
         .columns = contratipoColumns},
-    {.name = "GRUPO_MA", .caption = "Grupos de materiais", .key = "CODIGO", .columns = grupoMaColumns},
+    {.name = "GRUPO_MA",
+        .caption = "Grupos de materiais",
+        .key = "CODIGO",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .description = "DESCRICAO",
+        .columns = grupoMaColumns},
     {.name = "MATERIAL",
         .caption = "Materiais",
         .key = "CODIGO",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .description = "DESCRICAO",
         .columns = materialColumns,
         .indexes = materialIndexes},
-    {.name = "PCPAPL", .caption = "Aplicações", .key = "CODIGO", .columns = pcpaplColumns},
-    {.name = "PCPFAIXA", .caption = "Faixas de consumo", .key = "FAIXA", .columns = pcpfaixaColumns},
+    {.name = "PCPAPL",
+        .caption = "Aplicações",
+        .key = "CODIGO",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .description = "DESCRICAO",
+        .columns = pcpaplColumns},
+    {.name = "PCPFAIXA",
+        .caption = "Faixas de consumo",
+        .key = "FAIXA",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .columns = pcpfaixaColumns},
     {.name = "PCPFT2",
         .caption = "Ficha técnica do produto",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::Person,
+        .group = group::materials,
+        .rowKey = "CODIGO,APLICACAO",
+        .required = "CODIGO,APLICACAO",
         .columns = pcpft2Columns,
         .indexes = pcpft2Indexes},
 };

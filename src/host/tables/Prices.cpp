@@ -1,3 +1,4 @@
+#include "host/tables/Groups.h"
 #include "host/tables/Subjects.h"
 #include "host/tables/Widths.h"
 
@@ -8,12 +9,12 @@ using enum TColumnKind;
 
 constexpr TColumnDecl tabelaColumns[] = {
     {"IDENTIFICADOR", Identity},
-    {"NUMERO", Text, width::priceTable, "Tabela de preços"},
-    {"CODIGO", Text, width::product, "Produto"},
-    {"SETOR", Text, width::sector, "Setor"},
-    {"PARTE", Text, width::part, "Parte"},
-    {"COR", Text, width::colour, "Cor"},
-    {"TAM", Text, width::size, "Tamanho"},
+    {"NUMERO", Text, width::priceTable, "Tabela de preços", "REGIAO"},
+    {"CODIGO", Text, width::product, "Produto", "PRODUTO"},
+    {"SETOR", Text, width::sector, "Setor", "CADFLUXO"},
+    {"PARTE", Text, width::part, "Parte", "TIPO_APL"},
+    {"COR", Text, width::colour, "Cor", "CADCOR"},
+    {"TAM", Text, width::size, "Tamanho", "TABTAM"},
     {"PRECO", Float, 0, "Preço"},
     {"OBSERVACAO", Text, 1000, "Observação"},
 };
@@ -30,12 +31,12 @@ constexpr TForeignKeyDecl tabelaForeignKeys[] = {
 constexpr TColumnDecl regiaoColumns[] = {
     {"REGIAO", Text, width::priceTable, "Código"},
     {"DESCRICAO", Text, width::description, "Descrição"},
-    {"PADRAO", Text, width::flag, "Padrão"},
+    {.name = "PADRAO", .kind = Text, .width = width::flag, .caption = "Padrão", .choices = yesNo},
 };
 
 constexpr TColumnDecl tabprecoColumns[] = {
-    {"CODIGO", Text, width::product, "Produto"},
-    {"REGIAO", Text, width::priceTable, "Tabela de preços"},
+    {"CODIGO", Text, width::product, "Produto", "PRODUTO"},
+    {"REGIAO", Text, width::priceTable, "Tabela de preços", "REGIAO"},
     {"PRECO_00", Float, 0, "Preço a 0 dias"},
     {"PRECO_07", Float, 0, "Preço a 7 dias"},
     {"PRECO_14", Float, 0, "Preço a 14 dias"},
@@ -54,7 +55,7 @@ constexpr TColumnDecl tabprecoColumns[] = {
 
 constexpr TColumnDecl precoItenColumns[] = {
     {"IDENTIFICADOR", Identity},
-    {"ARTIGO", Text, width::product, "Produto"},
+    {"ARTIGO", Text, width::product, "Produto", "PRODUTO"},
     {"VALOR", Float, 0, "Valor"},
 };
 
@@ -66,16 +67,35 @@ constexpr TTableDecl all[] = {
     {.name = "PRECO_ITEN",
         .caption = "Itens do custo do produto",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::Person,
+        .group = group::prices,
+        .required = "ARTIGO",
         .columns = precoItenColumns,
         .indexes = precoItenIndexes},
-    {.name = "REGIAO", .caption = "Tabelas de preços", .key = "REGIAO", .columns = regiaoColumns},
+    {.name = "REGIAO",
+        .caption = "Tabelas de preços",
+        .key = "REGIAO",
+        .keeper = TKeeper::Person,
+        .group = group::prices,
+        .description = "DESCRICAO",
+        .columns = regiaoColumns},
     {.name = "TABELA",
         .caption = "Preços de facção",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::Screen,
+        .group = group::prices,
+        .screen = "TFmFacPreco",
+        .rowKey = "NUMERO,CODIGO,SETOR,PARTE,COR,TAM",
+        .required = "NUMERO,CODIGO,SETOR,PARTE",
         .columns = tabelaColumns,
         .indexes = tabelaIndexes,
         .foreignKeys = tabelaForeignKeys},
-    {.name = "TABPRECO", .caption = "Preços de venda", .key = "CODIGO,REGIAO", .columns = tabprecoColumns},
+    {.name = "TABPRECO",
+        .caption = "Preços de venda",
+        .key = "CODIGO,REGIAO",
+        .keeper = TKeeper::Person,
+        .group = group::prices,
+        .columns = tabprecoColumns},
 };
 
 } // namespace

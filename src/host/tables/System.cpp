@@ -1,3 +1,4 @@
+#include "host/tables/Groups.h"
 #include "host/tables/Subjects.h"
 #include "host/tables/Widths.h"
 
@@ -30,8 +31,8 @@ constexpr TIndexDecl acessoUsuariosIndexes[] = {
 };
 
 constexpr TColumnDecl acessoColumns[] = {
-    {"USUARIO", Text, width::user, "Usuário"},
-    {"LOCAL", Text, width::menuLevel, "Nível do menu"},
+    {"USUARIO", Text, width::user, "Usuário", "ACESSO_USUARIOS"},
+    {"LOCAL", Text, width::menuLevel, "Nível do menu", "ACESSO_MENU"},
     {"ALTERA", Text, 3, "Inclui e altera (Sim ou Não)"},
     {"EXCLUI", Text, 3, "Exclui (Sim ou Não)"},
     {"CONSULTA", Text, 3, "Consulta (Sim ou Não)"},
@@ -48,9 +49,9 @@ constexpr TIndexDecl acessoMenuIndexes[] = {
 };
 
 constexpr TColumnDecl acessoSetorColumns[] = {
-    {"TIPO", Text, width::flag, "Tipo (F funcionário)"},
-    {"CODIGO", Text, width::employee, "Funcionário"},
-    {"SETOR", Text, width::sector, "Setor"},
+    {.name = "TIPO", .kind = Text, .width = width::flag, .caption = "Tipo", .choices = "F=Funcionário"},
+    {"CODIGO", Text, width::employee, "Funcionário", "PESSOAL"},
+    {"SETOR", Text, width::sector, "Setor", "CADFLUXO"},
 };
 
 constexpr TColumnDecl parametroColumns[] = {
@@ -80,6 +81,7 @@ constexpr TIndexDecl geralogIndexes[] = {
     {"MODULO,CHAVE"},
     {"CHAVE"},
     {"DATA_HORA"},
+    {.columns = "IDENTIFICADOR", .descending = true},
 };
 
 constexpr TColumnDecl arquivoColumns[] = {
@@ -115,44 +117,66 @@ constexpr TTableDecl all[] = {
     {.name = "ACESSO",
         .caption = "Direitos de acesso",
         .key = "USUARIO,LOCAL",
+        .keeper = TKeeper::System,
         .columns = acessoColumns,
         .global = true},
     {.name = "ACESSO_MENU",
         .caption = "Menu",
         .key = "NIVEL",
+        .keeper = TKeeper::System,
         .columns = acessoMenuColumns,
         .indexes = acessoMenuIndexes,
         .global = true},
     {.name = "ACESSO_SETOR",
         .caption = "Setores permitidos ao funcionário",
         .key = "TIPO,CODIGO,SETOR",
+        .keeper = TKeeper::Person,
+        .group = group::people,
         .columns = acessoSetorColumns},
     {.name = "ACESSO_USUARIOS",
         .caption = "Usuários",
         .key = "CODIGO",
+        .keeper = TKeeper::System,
         .columns = acessoUsuariosColumns,
         .indexes = acessoUsuariosIndexes,
         .global = true},
-    {.name = "ARQUIVO", .caption = "Arquivos anexados", .key = "CODIGO,TIPO", .columns = arquivoColumns},
+    {.name = "ARQUIVO",
+        .caption = "Arquivos anexados",
+        .key = "CODIGO,TIPO",
+        .keeper = TKeeper::System,
+        .columns = arquivoColumns},
     {.name = "EMAIL_SAIDA",
         .caption = "E-mails a enviar",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::System,
         .columns = emailSaidaColumns,
         .indexes = emailSaidaIndexes},
     {.name = "EMAIL_TEXTO",
         .caption = "Texto dos e-mails a enviar",
         .key = "EMAIL,SEQUENCIA",
+        .keeper = TKeeper::System,
         .columns = emailTextoColumns},
-    {.name = "EMPRESA", .caption = "Empresas", .key = "EMP_PAT", .columns = empresaColumns, .global = true},
+    {.name = "EMPRESA",
+        .caption = "Empresas",
+        .key = "EMP_PAT",
+        .keeper = TKeeper::System,
+        .columns = empresaColumns,
+        .global = true},
     {.name = "GERALOG",
         .caption = "Log de alterações",
         .key = "IDENTIFICADOR",
+        .keeper = TKeeper::System,
         .columns = geralogColumns,
         .indexes = geralogIndexes},
-    {.name = "PARAMETRO", .caption = "Parâmetros", .key = "GRUPO,NUMERO", .columns = parametroColumns},
+    {.name = "PARAMETRO",
+        .caption = "Parâmetros",
+        .key = "GRUPO,NUMERO",
+        .keeper = TKeeper::System,
+        .columns = parametroColumns},
     {.name = "PREFERENCIA",
         .caption = "Preferências do usuário",
         .key = "USUARIO,CHAVE",
+        .keeper = TKeeper::System,
         .columns = preferenciaColumns,
         .global = true},
 };

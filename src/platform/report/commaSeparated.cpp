@@ -1,35 +1,18 @@
 #include "platform/report/commaSeparated.h"
 
 #include "forms/TGrid.h"
+#include "platform/report/separatedCell.h"
 
 namespace alinhavo {
 
 namespace {
 
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view FormulaSigns = "=+-@\t\r";
 
 bool IsNumber(const TGrid& grid, const TGridColumn& column)
 {
     const auto* field = grid.DataSet() ? grid.DataSet()->FindField(column.field) : nullptr;
     return field && (field->Kind() == TFieldKind::Integer || field->Kind() == TFieldKind::Float);
-}
-
-std::string Harmless(std::string text)
-{
-    if (!text.empty() && FormulaSigns.find(text.front()) != std::string_view::npos)
-        text.insert(0, "'");
-    return text;
-}
-
-std::string Quoted(const std::string& text)
-{
-    if (text.find_first_of(";\"\r\n") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char letter : text)
-        quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
-    return quoted + '"';
 }
 
 /// One line: of each visible column what `text` gives for it.
@@ -40,7 +23,7 @@ void AppendLine(std::string& lines, const TGrid& grid, TText text)
     for (const auto& column : grid.Columns()) {
         if (!column.visible)
             continue;
-        lines += (first ? "" : ";") + Quoted(text(column));
+        lines += (first ? "" : ";") + QuotedCell(text(column));
         first = false;
     }
     lines += "\r\n";
@@ -51,11 +34,11 @@ void AppendLine(std::string& lines, const TGrid& grid, TText text)
 std::string CommaSeparated(const TGrid& grid)
 {
     std::string lines(ByteOrderMark);
-    AppendLine(lines, grid, [&](const TGridColumn& column) { return Harmless(grid.TitleOf(column)); });
+    AppendLine(lines, grid, [&](const TGridColumn& column) { return WithFormulaMark(grid.TitleOf(column)); });
     for (std::size_t row = 0; row < grid.RowCount(); ++row) {
         AppendLine(lines, grid, [&](const TGridColumn& column) {
             auto text = grid.CellText(row, column);
-            return IsNumber(grid, column) ? text : Harmless(std::move(text));
+            return IsNumber(grid, column) ? text : WithFormulaMark(std::move(text));
         });
     }
     return lines;

@@ -54,14 +54,13 @@ char Entity(std::string_view html, std::size_t& at)
     return html[at++];
 }
 
-/// The document with one element more at the beginning of its head.
-std::string WithInHead(std::string html, std::string_view element)
+/// The document with one element more, before anything that it could contain.
+std::string Beginning(std::string html, std::string_view element)
 {
-    const auto head = LowerCase(html.substr(0, 1000)).find("<head>");
-    if (head == std::string::npos)
-        return "<!doctype html>" + std::string(element) + html;
-    html.insert(head + std::string_view("<head>").size(), element);
-    return html;
+    constexpr std::string_view Doctype = "<!doctype html>";
+    if (!SameText(std::string_view(html).substr(0, Doctype.size()), Doctype))
+        html.insert(0, Doctype);
+    return html.insert(Doctype.size(), element);
 }
 
 } // namespace
@@ -80,8 +79,8 @@ std::string HtmlText(std::string_view html)
     return text;
 }
 
-std::string SealedHtml(std::string html) { return WithInHead(std::move(html), Seal); }
+std::string SealedHtml(std::string html) { return Beginning(std::move(html), Seal); }
 
-std::string PaperHtml(std::string html) { return WithInHead(std::move(html), PaperOnly); }
+std::string PaperHtml(std::string html) { return Beginning(std::move(html), PaperOnly); }
 
 } // namespace alinhavo

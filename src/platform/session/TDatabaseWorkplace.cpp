@@ -2,11 +2,10 @@
 
 #include "forms/TApplication.h"
 #include "platform/database/OpenDatabase.h"
-#include "platform/report/htmlText.h"
-#include "platform/report/THtmlOutput.h"
+#include "platform/services/TOutbox.h"
 #include "platform/session/clock.h"
+#include "platform/session/TShownReport.h"
 
-#include <algorithm>
 #include <chrono>
 
 namespace alinhavo {
@@ -18,39 +17,15 @@ std::unique_ptr<TSqlDatabase> OpenOther(const std::string& address)
     return OpenDatabase(TDatabaseAddress::Parse(address));
 }
 
-/// Pages of plain text as a document.
-std::string Pages(const std::string& text)
-{
-    std::string html = "<!doctype html><head></head><body><pre>";
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const auto end = std::min(text.find('\f', begin), text.size());
-        AppendEscapedHtml(html, std::string_view(text).substr(begin, end - begin));
-        if (end + 1 < text.size())
-            html += "</pre><pre style=\"break-before: page\">";
-        begin = end + 1;
-    }
-    return SealedHtml(html + "</pre></body>");
-}
-
-/// Until the user has read it. What its template asks for in vain stands beside it.
-void ShowReport(const TFinishedReport& report, TForm& screen)
-{
-    TDialog viewer{.kind = TDialog::TKind::Report, .title = report.title};
-    for (const auto& name : report.unknownNames)
-        viewer.text
-            += (viewer.text.empty() ? "O modelo " + report.layout + " usa nomes que ninguém conhece: " : ", ") + name;
-    viewer.document = report.isText ? Pages(report.document) : report.document;
-    screen.Application().ShowDialog(viewer);
-}
-
 } // namespace
 
 TDatabaseWorkplace::TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, const TGround& ground,
     IEventSource& source, IView& view, const std::function<void(TApplication&)>& registerScreens)
-    : database_(std::move(database))
+    : ground_(ground)
+    , database_(std::move(database))
     , reports_({.layouts = {ground.configuration.SharedRoot() / "Layout", ground.layouts},
           .sharedRoot = ground.configuration.SharedRoot(),
-          .show = ShowReport})
+          .show = [this](const TFinishedReport& report, TForm& screen) { Show(report, screen); }})
     , session_(source, &view,
           TSessionSetup{
               .database = *database_,
@@ -61,10 +36,32 @@ TDatabaseWorkplace::TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, c
               .passwords = ground.passwords,
               .openDatabase = OpenOther,
               .reports = &reports_,
+              .connected = &ground.connected,
+              .guard = &ground.guard,
           })
 {
     registerScreens(session_);
     menu_ = ReadMenu(*database_, session_, ground.user.code);
+}
+
+/// Until the user has read it. What its template asks for in vain stands beside it.
+void TDatabaseWorkplace::Show(const TFinishedReport& report, TForm& screen)
+{
+    TShownReport shown(report, [this](const auto& write) { Post(write); });
+    TDialog viewer{.kind = TDialog::TKind::Report, .title = report.title, .report = &shown};
+    for (const auto& name : report.unknownNames)
+        viewer.text
+            += (viewer.text.empty() ? "O modelo " + report.layout + " usa nomes que ninguém conhece: " : ", ") + name;
+    screen.Application().ShowDialog(viewer);
+}
+
+/// By a connection of its own: what a screen has pending stays pending.
+void TDatabaseWorkplace::Post(const std::function<void(TOrvEmail&)>& write) const
+{
+    const auto database = ground_.openAside();
+    TOutbox outbox(*database, ground_.user.code);
+    write(outbox);
+    database->CommitRetaining();
 }
 
 void TDatabaseWorkplace::Cancel()

@@ -22,7 +22,9 @@ public:
         const IPasswords& passwords;
         TSessionUser user;
         std::string company;
+        TLoginGuard& guard;
         TConectados& connected;
+        std::function<std::unique_ptr<TSqlDatabase>()> openAside; ///< for what is not the work of a screen
         std::filesystem::path layouts; ///< the delivered templates of reports; the factory's own come before them
     };
 
@@ -35,6 +37,10 @@ public:
     void Cancel() override;
 
 private:
+    void Show(const TFinishedReport& report, TForm& screen);
+    void Post(const std::function<void(TOrvEmail&)>& write) const;
+
+    const TGround ground_;
     std::unique_ptr<TSqlDatabase> database_;
     TReports reports_;
     TSession session_;

@@ -1,5 +1,6 @@
 #include "platform/web/TDialogStack.h"
 
+#include "forms/IShownReport.h"
 #include "forms/TDataSet.h"
 #include "forms/TDialog.h"
 #include "platform/web/TSessionFiles.h"
@@ -68,8 +69,7 @@ json RowOf(const TDataSet& rows, const std::vector<const TField*>& fields, std::
 
 void TDialogStack::Open(TDialog& dialog)
 {
-    const bool report = dialog.kind == TDialog::TKind::Report;
-    open_.push_back({++last_, &dialog, {}, report ? files_.OpenReport(dialog.document) : std::string()});
+    open_.push_back({++last_, &dialog, {}, dialog.report ? files_.OpenReport(*dialog.report) : std::string()});
     changed_ = true;
 }
 
@@ -112,11 +112,20 @@ json TDialogStack::Whole(const TOpen& open) const
         object["columns"] = ColumnsOf(*dialog.rows);
         object["multiple"] = dialog.multiple;
     }
-    if (!open.report.empty())
+    if (dialog.report) {
         object["report"] = open.report;
+        object["plainText"] = dialog.report->PlainText() != nullptr;
+        object["recipient"] = dialog.report->Recipient();
+    }
     for (const auto& file : dialog.files)
         object["files"].push_back(files_.TokenOf(file));
     return object;
+}
+
+IShownReport* TDialogStack::Report(std::string_view token) const
+{
+    const auto found = std::ranges::find(open_, token, &TOpen::report);
+    return token.empty() || found == open_.end() ? nullptr : found->dialog->report;
 }
 
 std::vector<std::string> TDialogStack::Files() const

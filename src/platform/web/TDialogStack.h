@@ -9,6 +9,7 @@
 
 namespace alinhavo {
 
+class IShownReport;
 struct TDialog;
 class TSessionFiles;
 
@@ -33,6 +34,8 @@ public:
     void Tell(nlohmann::json& message);
     /// The server's files that they show.
     std::vector<std::string> Files() const;
+    /// The report of that token; null when its dialog is closed.
+    IShownReport* Report(std::string_view token) const;
     void Changed() { rowsChanged_ = true; }
 
 private:

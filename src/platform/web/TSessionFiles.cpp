@@ -1,5 +1,6 @@
 #include "platform/web/TSessionFiles.h"
 
+#include "forms/IShownReport.h"
 #include "platform/web/randomText.h"
 
 #include <algorithm>
@@ -90,10 +91,10 @@ void TSessionFiles::Show(const std::vector<std::string>& files)
     shown_ = std::move(shown);
 }
 
-std::string TSessionFiles::OpenReport(std::string html)
+std::string TSessionFiles::OpenReport(const IShownReport& report)
 {
     const std::lock_guard lock(mutex_);
-    return reports_.emplace(RandomText(), std::move(html)).first->first;
+    return reports_.emplace(RandomText(), TReport{report.Document(), report.PlainText()}).first->first;
 }
 
 void TSessionFiles::CloseReport(std::string_view token)
@@ -103,7 +104,7 @@ void TSessionFiles::CloseReport(std::string_view token)
         reports_.erase(found);
 }
 
-std::optional<std::string> TSessionFiles::Report(std::string_view token) const
+std::optional<TSessionFiles::TReport> TSessionFiles::Report(std::string_view token) const
 {
     const std::lock_guard lock(mutex_);
     const auto found = reports_.find(token);

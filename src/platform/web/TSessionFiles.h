@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -12,6 +13,8 @@
 #include <vector>
 
 namespace alinhavo {
+
+class IShownReport;
 
 /// The files that a session's client may name: those that it brought, and those that its screens show. The client knows them by
 /// tokens, never by paths. Any thread may use it.
@@ -32,10 +35,15 @@ public:
     std::string TokenOf(const std::string& file);
     /// The screens show these at this moment, and no others.
     void Show(const std::vector<std::string>& files);
-    /// A document that a dialog shows until it is closed; its token.
-    std::string OpenReport(std::string html);
+    /// What a dialog shows until it is closed.
+    struct TReport {
+        std::shared_ptr<const std::string> html;
+        std::shared_ptr<const std::string> plainText; ///< null of a graphic report
+    };
+    /// Its token.
+    std::string OpenReport(const IShownReport& report);
     void CloseReport(std::string_view token);
-    std::optional<std::string> Report(std::string_view token) const;
+    std::optional<TReport> Report(std::string_view token) const;
 
     /// A file that the client brought, or that a screen shows at this moment.
     std::optional<std::filesystem::path> Find(std::string_view token) const;
@@ -47,7 +55,7 @@ private:
     std::map<std::string, std::filesystem::path, std::less<>> brought_; ///< by token
     std::map<std::string, std::string, std::less<>> tokens_; ///< of the server's files, by file
     std::map<std::string, std::string, std::less<>> shown_; ///< files, by token
-    std::map<std::string, std::string, std::less<>> reports_; ///< by token
+    std::map<std::string, TReport, std::less<>> reports_; ///< by token
 };
 
 } // namespace alinhavo

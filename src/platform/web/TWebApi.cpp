@@ -1,5 +1,6 @@
 #include "platform/web/TWebApi.h"
 
+#include "forms/IShownReport.h"
 #include "forms/TApplication.h"
 #include "forms/TGrid.h"
 #include "platform/report/commaSeparated.h"
@@ -44,6 +45,7 @@ constexpr std::string_view NoLogin = "É preciso entrar.";
 constexpr std::string_view WrongPassword = "Usuário ou senha inválidos.";
 constexpr std::string_view OtherPage = "Acesso negado a partir de outra página.";
 constexpr std::string_view NoSession = "Essa sessão já terminou.";
+constexpr std::string_view NoReport = "O relatório não está aberto.";
 constexpr std::string_view NoGrid = "A grade não está na tela.";
 constexpr std::string_view Malformed = "O pedido não está como deveria.";
 
@@ -66,21 +68,24 @@ std::string TextOf(const json& object, const char* member)
 
 } // namespace
 
-TWebApi::TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-    TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand)
+TWebApi::TWebApi(
+    boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions, const TOptions& options)
     : context_(context)
     , host_(host)
     , sessions_(sessions)
-    , pdf_(pdfCommand)
-    , guard_(firstPenalty)
+    , encrypted_(options.encrypted)
+    , pdf_(options.pdfCommand)
+    , guard_(options.firstPenalty)
 {
 }
 
 TWebApi::~TWebApi()
 {
     files_.stop();
+    prints_.stop();
     passwords_.stop();
     files_.join();
+    prints_.join();
     passwords_.join();
 }
 
@@ -95,6 +100,7 @@ std::span<const TWebApi::TRoute> TWebApi::Routes()
         TRoute{FilePath, http::verb::post, &TWebApi::TakeFile},
         TRoute{.path = FilePath, .verb = http::verb::get, .answer = &TWebApi::GiveFile, .below = true},
         TRoute{.path = ReportPath, .verb = http::verb::get, .answer = &TWebApi::GiveReport, .below = true},
+        TRoute{.path = ReportPath, .verb = http::verb::post, .answer = &TWebApi::SendReport, .below = true},
         TRoute{"/grade", http::verb::get, &TWebApi::GiveGrid},
     };
     return routes;
@@ -118,7 +124,7 @@ void TWebApi::Answer(const THttpRequest& request, const std::string& address, TR
         Routes(), [&](const TRoute& each) { return each.Holds(path) && each.verb == request.method(); });
     if (route == Routes().end())
         return call.Refuse(http::status::method_not_allowed, "Método não permitido.");
-    if (request.find(http::field::origin) != request.end() && !FromOwnPage(request))
+    if (request.find(http::field::origin) != request.end() && !FromOwnPage(request, encrypted_))
         return call.Refuse(http::status::forbidden, OtherPage);
     if (!route->open) {
         call.secret = CookieOf(request, SessionCookie);
@@ -186,7 +192,7 @@ try {
     if (const auto notice = host_.TakeNotice(*user); !notice.empty())
         welcome["aviso"] = notice;
     auto response = AnswerJson(call.request, http::status::ok, welcome);
-    response.set(http::field::set_cookie, CookieOfLogin(sessions_.LogIn(*user)));
+    response.set(http::field::set_cookie, CookieOfLogin(sessions_.LogIn(*user), encrypted_));
     call.reply(std::move(response));
 } catch (const std::exception& error) {
     call.Refuse(http::status::internal_server_error, error.what());
@@ -203,7 +209,7 @@ void TWebApi::GoOut(const TCall& call)
         session->End("");
     auto response = AnswerJson(call.request, http::status::ok, json::object());
     if (!sessions_.LogOut(call.secret, session ? session->Id() : std::string()))
-        response.set(http::field::set_cookie, CookieOfLogin({}));
+        response.set(http::field::set_cookie, CookieOfLogin({}, encrypted_));
     call.reply(std::move(response));
 }
 
@@ -238,7 +244,7 @@ std::shared_ptr<TWebSession> TWebApi::SessionOf(const TCall& call) const
 // A page elsewhere must not bring files: here the Origin may not be missing.
 void TWebApi::TakeFile(const TCall& call)
 {
-    if (!FromOwnPage(call.request))
+    if (!FromOwnPage(call.request, encrypted_))
         return call.Refuse(http::status::forbidden, OtherPage);
     const auto session = SessionOf(call);
     if (!session)
@@ -262,21 +268,63 @@ void TWebApi::GiveFile(const TCall& call)
     boost::asio::post(files_, [call, file = *file] { call.reply(AnswerServerFile(call.request, file)); });
 }
 
+// The ending of the path says in which form it is wanted; without one, to be read here and now.
 void TWebApi::GiveReport(const TCall& call)
 {
-    auto token = PathOf(call.request).substr(ReportPath.size() + 1);
-    const bool pdf = token.ends_with(".pdf");
-    if (pdf)
-        token.erase(token.size() - std::string_view(".pdf").size());
+    const auto name = PathOf(call.request).substr(ReportPath.size() + 1);
+    const auto token = name.substr(0, name.find('.'));
+    const auto ending = name.substr(token.size());
     const auto session = SessionOf(call);
     const auto report = session ? session->Files().Report(token) : std::nullopt;
-    if (!report || (pdf && !pdf_.Available()))
-        return call.Refuse(http::status::not_found, "O relatório não está aberto.");
-    if (!pdf)
-        return call.reply(AnswerReport(call.request, *report));
-    boost::asio::post(files_, [this, call, html = *report] {
+    if (!report || (ending == ".txt" && !report->plainText))
+        return call.Refuse(http::status::not_found, NoReport);
+    if (ending.empty())
+        return call.reply(AnswerReport(call.request, *report->html));
+    if (ending == ".html")
+        return call.reply(
+            AnswerDownload(call.request, *report->html, "text/html; charset=utf-8", "relatorio" + ending));
+    if (ending == ".txt")
+        return call.reply(
+            AnswerDownload(call.request, *report->plainText, "text/plain; charset=utf-8", "relatorio" + ending));
+    if (ending == ".xlsx")
+        return OfReport(session, token, call, [call](const IShownReport& shown) {
+            call.reply(AnswerDownload(call.request, shown.Workbook(), SpreadsheetType, "relatorio.xlsx"));
+        });
+    if (ending != ".pdf")
+        return call.Refuse(http::status::not_found, NoReport);
+    boost::asio::post(prints_, [this, call, html = report->html] {
         try {
-            call.reply(AnswerDownload(call.request, pdf_.Print(html), "application/pdf", "relatorio.pdf"));
+            call.reply(AnswerDownload(call.request, pdf_.Print(*html), "application/pdf", "relatorio.pdf"));
+        } catch (const std::exception& error) {
+            call.Refuse(http::status::internal_server_error, error.what());
+        }
+    });
+}
+
+void TWebApi::SendReport(const TCall& call)
+{
+    const auto address = TextOf(BodyOf(call.request), "email");
+    const auto session = SessionOf(call);
+    if (!session)
+        return call.Refuse(http::status::not_found, NoSession);
+    OfReport(session, PathOf(call.request).substr(ReportPath.size() + 1), call, [call, address](IShownReport& report) {
+        report.SendTo(address);
+        call.Give(http::status::ok, json::object());
+    });
+}
+
+/// On the session's thread, which the report's data belong to.
+void TWebApi::OfReport(const std::shared_ptr<TWebSession>& session, const std::string& token, const TCall& call,
+    const std::function<void(IShownReport&)>& work)
+{
+    session->Ask([session = session.get(), token, call, work](const TApplication* application) {
+        auto* report = application ? session->Report(token) : nullptr;
+        if (!report)
+            return call.Refuse(http::status::not_found, NoReport);
+        try {
+            work(*report);
+        } catch (const std::invalid_argument& error) {
+            call.Refuse(http::status::bad_request, error.what());
         } catch (const std::exception& error) {
             call.Refuse(http::status::internal_server_error, error.what());
         }

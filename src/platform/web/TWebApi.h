@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/report/TPdfPrinter.h"
+#include "platform/services/TLoginGuard.h"
 #include "platform/services/TSessionUser.h"
 #include "platform/web/THttpAnswer.h"
-#include "platform/web/TLoginGuard.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/thread_pool.hpp>
@@ -16,6 +16,7 @@
 namespace alinhavo {
 
 class ISessionHost;
+class IShownReport;
 class TApplication;
 class TSessionRegistry;
 class TWebSession;
@@ -26,9 +27,14 @@ public:
     /// Called once, from any thread.
     using TReply = std::function<void(THttpResponse)>;
 
+    struct TOptions {
+        TLoginGuard::TDuration firstPenalty; ///< of the first wrong password too many
+        std::string_view pdfCommand;
+        bool encrypted = false; ///< the connections are
+    };
+
     /// What it refers to outlives it.
-    TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-        TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand);
+    TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions, const TOptions& options);
     /// Waits for the password that is being looked at and the file that is being read.
     ~TWebApi();
     TWebApi(const TWebApi&) = delete;
@@ -63,6 +69,9 @@ private:
     void TakeFile(const TCall& call);
     void GiveFile(const TCall& call);
     void GiveReport(const TCall& call);
+    void SendReport(const TCall& call);
+    static void OfReport(const std::shared_ptr<TWebSession>& session, const std::string& token, const TCall& call,
+        const std::function<void(IShownReport&)>& work);
     void GiveGrid(const TCall& call);
     static void GiveGridOf(const TApplication* application, const TCall& call);
     std::shared_ptr<TWebSession> SessionOf(const TCall& call) const;
@@ -71,9 +80,11 @@ private:
     boost::asio::io_context& context_;
     ISessionHost& host_;
     TSessionRegistry& sessions_;
+    const bool encrypted_;
     const TPdfPrinter pdf_;
     TLoginGuard guard_;
     boost::asio::thread_pool files_{1}; ///< a slow disk holds up no connection
+    boost::asio::thread_pool prints_{1}; ///< one PDF at a time, which may take long and holds up nothing else
     boost::asio::thread_pool passwords_{1}; ///< one password at a time: looking at one takes all of a processor
 };
 

@@ -6,6 +6,7 @@
 #include "platform/session/ISessionHost.h"
 #include "platform/web/IClientLink.h"
 #include "platform/web/TClientMessage.h"
+#include "platform/web/TConnectedSeen.h"
 #include "platform/web/TDialogStack.h"
 #include "platform/web/TScreenImage.h"
 #include "platform/web/TSessionFiles.h"
@@ -26,6 +27,7 @@
 
 namespace alinhavo {
 
+class IShownReport;
 class TApplication;
 
 /// A user's work: one thread with one application, which outlives the connections of its client.
@@ -59,6 +61,8 @@ public:
     /// Until its thread is done.
     void Wait();
     bool Ended() const;
+    /// Its end was asked for, and may not have come yet.
+    bool Ending() const;
     /// When its user last did something.
     std::chrono::steady_clock::time_point LastUse() const;
     TConectado Note() const;
@@ -68,6 +72,8 @@ public:
     /// session ends before. It throws nothing.
     using TAsked = std::function<void(TApplication*)>;
     void Ask(TAsked work);
+    /// That a dialog shows, by its token; null when it is closed. For work that was asked for.
+    IShownReport* Report(std::string_view token) const { return dialogs_.Report(token); }
 
 private:
     /// Where a keystroke would go.
@@ -132,7 +138,7 @@ private:
     const std::string id_;
     const TSessionUser user_;
     ISessionHost& host_;
-    TConectados& connected_;
+    TConnectedSeen connected_;
 
     // Shared with the threads of the connections.
     mutable std::mutex mutex_;

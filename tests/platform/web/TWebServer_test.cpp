@@ -1,3 +1,4 @@
+#include "forms/IShownReport.h"
 #include "forms/TApplication.h"
 #include "forms/TButton.h"
 #include "forms/TEdit.h"
@@ -30,6 +31,32 @@ struct TTbTextos : TMemTable {
     TStringField Texto{*this, "Texto", 30, {.title = "=Texto"}};
     TFloatField Valor{*this, "Valor", {.decimals = 2}};
     TStringField Oculto{*this, "Oculto", 30};
+};
+
+/// A report of text, as its viewer knows it.
+class TTestReport final : public IShownReport {
+public:
+    std::string sentTo;
+
+    std::shared_ptr<const std::string> Document() const override
+    {
+        return std::make_shared<const std::string>("<p>Pendentes: 12</p>");
+    }
+    std::shared_ptr<const std::string> PlainText() const override
+    {
+        return std::make_shared<const std::string>("Pendentes: 12\n");
+    }
+    const std::string& Recipient() const override { return recipient_; }
+    std::string Workbook() const override { return "PK"; }
+    void SendTo(std::string_view address) override
+    {
+        if (address.empty())
+            throw std::invalid_argument("Endereço de e-mail inválido.");
+        sentTo = address;
+    }
+
+private:
+    std::string recipient_ = "faccao@exemplo.com.br";
 };
 
 class TfmTeste final : public TForm {
@@ -96,9 +123,10 @@ private:
     }
     void btnRelatorioClick()
     {
-        TDialog viewer{.kind = TDialog::TKind::Report, .title = "Pendências"};
-        viewer.document = "<p>Pendentes: 12</p>";
+        TTestReport report;
+        TDialog viewer{.kind = TDialog::TKind::Report, .title = "Pendências", .report = &report};
         Application().ShowDialog(viewer);
+        edtSegundo.SetText(report.sentTo);
     }
     void btnFalhaClick() { throw std::runtime_error("disco cheio"); }
 };
@@ -132,8 +160,11 @@ public:
         ++tries;
         return password == "demo" ? std::optional(TSessionUser{std::string(name), "Ana"}) : std::nullopt;
     }
-    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    std::unique_ptr<IWorkplace> Open(
+        const TSessionUser& user, IEventSource& source, IView& view, TConectados& connected) override
     {
+        const std::lock_guard lock(mutex);
+        seenBy[user.code] = &connected;
         return std::make_unique<TTestWorkplace>(source, view, pendingSince);
     }
     TClientSettings Settings(const TSessionUser& user) override { return settings[user.code]; }
@@ -157,6 +188,7 @@ public:
     std::atomic<int> tries = 0;
     std::map<std::string, TClientSettings> settings;
     std::mutex mutex;
+    std::map<std::string, TConectados*> seenBy; ///< who is at work, as the last session of each user sees it
     std::string notice;
 };
 
@@ -551,6 +583,29 @@ TEST_F(WebServer, TheEndOfAnIdleSessionIsToldAtTheNextLogin)
     EXPECT_NE(welcome["aviso"].get<std::string>().find("foi desfeito"), std::string::npos);
 }
 
+TEST_F(WebServer, ASessionThatAnotherOneEndsIsToldWhyAndIsGone)
+{
+    host_.pendingSince = ClockNow();
+    TWebClient ana(Port(), {.user = "ANA"});
+    const TWebClient maria(Port(), {.user = "MARIA"});
+    auto& seen = *host_.seenBy.at("MARIA");
+    const auto list = seen.Lista();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].usuario, "ANA");
+    EXPECT_FALSE(list[0].propria);
+    EXPECT_FALSE(list[0].pendenteDesde.IsBlank());
+    EXPECT_EQ(list[0].telas, std::vector<std::string>{"Teste"});
+    EXPECT_TRUE(list[1].propria);
+
+    EXPECT_FALSE(seen.Encerra(list[1].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_TRUE(seen.Encerra(list[0].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_EQ(seen.Lista().size(), 1U);
+    EXPECT_FALSE(seen.Encerra(list[0].id, "outra vez"));
+    while (!ana.State().contains("ended"))
+        ana.Receive();
+    EXPECT_TRUE(ana.State()["ended"].get<std::string>().starts_with("A sessão foi encerrada por MARIA. O que não foi"));
+}
+
 TEST_F(WebServer, SettingsAreKeptForTheirUser)
 {
     const auto cookie = LogIn(Port(), "ANA");
@@ -718,10 +773,47 @@ TEST_F(WebServer, AReportIsGivenWhileItsDialogIsOpen)
     EXPECT_EQ(policy.find("script"), std::string::npos);
     EXPECT_EQ(Get(path).result(), http::status::unauthorized);
     EXPECT_EQ(Get(path, {.cookie = LogIn(Port(), "BRUNO")}).result(), http::status::not_found);
-    EXPECT_EQ(Get(path + ".pdf", {.cookie = client.Cookie()}).result(), http::status::not_found) << "no program prints";
+    const auto pdf = Get(path + ".pdf", {.cookie = client.Cookie()});
+    EXPECT_EQ(pdf.result(), http::status::internal_server_error) << "no program prints";
+    EXPECT_NE(pdf.body().find("imprima pelo navegador"), std::string::npos);
 
     client.Do({{"event", "answer"}, {"dialog", dialog["dialog"]}, {"button", "ok"}});
     EXPECT_EQ(Get(path, {.cookie = client.Cookie()}).result(), http::status::not_found);
+}
+
+TEST_F(WebServer, AReportIsGivenAsAFile)
+{
+    TWebClient client(Port());
+    const auto dialog = client.Do(On("click", "btnRelatorio"))["dialogs"][0];
+    EXPECT_EQ(dialog["plainText"], true);
+    EXPECT_EQ(dialog["recipient"], "faccao@exemplo.com.br");
+    const auto path = "/relatorio/" + dialog["report"].get<std::string>();
+    const auto file = [&](const std::string& ending) { return Get(path + ending, {.cookie = client.Cookie()}); };
+    const auto html = file(".html");
+    EXPECT_EQ(html.body(), "<p>Pendentes: 12</p>");
+    EXPECT_EQ(html[http::field::content_disposition], "attachment; filename=\"relatorio.html\"");
+    EXPECT_EQ(file(".txt").body(), "Pendentes: 12\n");
+    EXPECT_EQ(file(".xlsx").body(), "PK");
+    EXPECT_EQ(file(".exe").result(), http::status::not_found);
+    EXPECT_EQ(Get("/relatorio/x.xlsx", {.cookie = client.Cookie()}).result(), http::status::not_found);
+    EXPECT_EQ(Get(path + ".xlsx", {.cookie = LogIn(Port(), "BRUNO")}).result(), http::status::not_found);
+}
+
+TEST_F(WebServer, AReportIsSentToAnAddressWhileItsDialogIsOpen)
+{
+    TWebClient client(Port());
+    const auto dialog = client.Do(On("click", "btnRelatorio"))["dialogs"][0];
+    const auto path = "/relatorio/" + dialog["report"].get<std::string>();
+    const auto send = [&](const nlohmann::json& body) { return Post(path, body, client.Cookie()); };
+    const auto refused = send({{"email", ""}});
+    EXPECT_EQ(refused.result(), http::status::bad_request);
+    EXPECT_NE(refused.body().find("Endereço de e-mail inválido."), std::string::npos);
+    EXPECT_EQ(send({{"email", 7}}).result(), http::status::bad_request);
+    EXPECT_EQ(send({{"email", "ana@exemplo.com.br"}}).result(), http::status::ok);
+
+    client.Do({{"event", "answer"}, {"dialog", dialog["dialog"]}, {"button", "ok"}});
+    EXPECT_EQ(client.Property("edtSegundo", "text"), "ana@exemplo.com.br");
+    EXPECT_EQ(send({{"email", "ana@exemplo.com.br"}}).result(), http::status::not_found);
 }
 
 TEST_F(WebServer, OnlyAGridOfTheUsersScreensIsGiven)
