@@ -63,7 +63,7 @@ TfmImportaExporta::TfmImportaExporta(TApplication& application, std::unique_ptr<
     for (const TTableDecl* tabela : tabelas_)
         CbTabela.AddItem(std::string(tabela->caption) + " (" + std::string(tabela->name) + ")");
     lblExportar.SetCaption(
-        "O menu da grade (botão direito) leva todas as linhas a uma planilha (XLSX) ou a um texto (CSV).");
+        "O menu da grade (botão direito ou Shift+F10) leva todas as linhas a uma planilha (XLSX) ou a um texto (CSV).");
 
     CbTabela.OnChange.connect(this, &TfmImportaExporta::CbTabelaChange);
     BtSaida.OnClick.connect(this, &TfmImportaExporta::BtSaidaClick);

@@ -58,7 +58,7 @@ public:
     TEdit edtArquivo{pnlArquivo, "edtArquivo", {.caption = "Arquivo", .readOnly = true, .tabStop = false}};
     TRadioGroup rgExistentes{pnlArquivo, "rgExistentes",
         {.caption = "Linhas que a tabela já tem", .items = {"Atualiza", "Ignora"}, .itemIndex = 0}};
-    TButton btnGravar{pnlArquivo, "btnGravar", {.caption = "&Gravar", .enabled = false, .role = TButtonRole::Default}};
+    TButton btnGravar{pnlArquivo, "btnGravar", {.caption = "&Gravar", .role = TButtonRole::Default, .enabled = false}};
     TLabel lblResumo{pgImportar, "lblResumo", {.style = TLabelStyle::Strong}};
     TLabel lblForma{pgImportar, "lblForma"};
     TRadioGroup rgMostrar{pgImportar, "rgMostrar",

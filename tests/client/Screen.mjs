@@ -9,6 +9,7 @@ const titles = {
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
     fmNovaOF: "Ordem de Fabricação",
+    fmImportaExporta: "Importar e exportar tabelas",
     fmTabela_CADCOR: "Cores",
     fmTabela_FAIXA_ITEN: "Tamanhos da faixa",
     fmTabela_PRODUTO: "Produtos",
