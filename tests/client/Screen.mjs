@@ -5,9 +5,12 @@ const titles = {
     fmExemplo: "Tingimento de Botões",
     fmLeitura: "Leitura de Código de Barras",
     fmControles: "Controles",
+    fmFolhas: "Folhas",
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
+    fmRelFacPen: "Pendente por Setor",
+    fmRelFacDia: "Relatório de Produção Dia",
 };
 
 export class Screen {

@@ -14,5 +14,6 @@ import "./look.test.mjs";
 import "./factory.test.mjs";
 import "./protocol.test.mjs";
 import "./master.test.mjs";
+import "./report.test.mjs";
 
 await runAll();
