@@ -220,7 +220,7 @@ test("a report of five hundred pages is read while its sheets are made", sheets,
         beat();
     });
     const viewer = await onSheets(screen, page, "btnLonga");
-    await screen.until("some sheets are made, and not all", async () => /^de [1-9]\d*…$/.test(await viewer.countText()));
+    await screen.until("some sheets are made, and not all", async () => /^de ([3-9]|\d{2,})…$/.test(await viewer.countText()));
     await screen.press("PageDown");
     await viewer.isOn(2);
     assert.match(await viewer.countText(), /…$/, "the rest is still being made");
