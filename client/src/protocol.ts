@@ -14,6 +14,7 @@ export type UserEvent =
     | { event: "page"; form: string; control: string; index: number }
     | { event: "cell"; form: string; control: string; row: number; column: string }
     | { event: "cellText"; form: string; control: string; text: string; key?: string }
+    | { event: "paste"; form: string; control: string; text: string }
     | { event: "title"; form: string; control: string; column: string }
     | { event: "cellDoubleClick"; form: string; control: string; row: number; column: string }
     | { event: "tick"; form: string; control: string; row: number; column: string; checked: boolean }

@@ -40,7 +40,8 @@ void Serve(const TServirOptions& options)
         throw std::runtime_error("não existe o banco " + settings.host.address.Text() + ".");
     TDatabaseHost host(settings.host);
     TWebServer server(settings.web, host);
-    std::cout << "Alinhavo em http://" << settings.web.address << ":" << server.Port() << "/\n"
+    const char* scheme = settings.web.certificate.certificate.empty() ? "http" : "https";
+    std::cout << "Alinhavo em " << scheme << "://" << settings.web.address << ":" << server.Port() << "/\n"
               << "Ctrl+C encerra." << std::endl;
     signals.Await();
     std::cout << "Encerrando: o que não foi gravado é desfeito." << std::endl;

@@ -40,6 +40,7 @@ TGrid::TGrid(TContainer& parent, std::string name, TGridOptions options)
     , ownColumns_(!columns_.empty())
     , onExit_(options.onExit)
     , lines_(options.lines)
+    , totals_(options.totals)
 {
 }
 
@@ -318,6 +319,8 @@ void TGrid::Describe(IPropertySink& sink) const
     sink.Text("editorText", editorText_);
     sink.Flag("mayInsert", MayInsert());
     sink.Number("lines", lines_);
+    sink.Flag("totals", totals_);
+    sink.Flag("takesPaste", OnPaste.connected());
 }
 
 } // namespace alinhavo

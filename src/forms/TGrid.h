@@ -4,6 +4,7 @@
 #include "forms/TDataSet.h"
 #include "forms/TGridColumn.h"
 #include "forms/TGridOrder.h"
+#include "forms/TPastedRows.h"
 
 namespace alinhavo {
 
@@ -25,6 +26,7 @@ struct TGridOptions {
     bool enabled = true;
     bool visible = true;
     bool tabStop = true;
+    bool totals = false; ///< numbers are added up below the rows, until the user says otherwise
 };
 
 /// The rows of a dataset, in its order or in the one that a person has chosen for his eyes alone. The current row is the dataset's; what is typed stands in the editor of the current cell until
@@ -90,6 +92,8 @@ public:
     TEvent<> OnColExit; ///< Column() is the one left; an exception stays in the cell
     TEvent<> OnCellEdit; ///< what was typed, ticked or picked in Column() went into its field
     TEvent<std::string_view> OnTitleClick;
+    /// Cells were pasted. Without a handler they are typed one by one from the current cell on.
+    TEvent<const TPastedRows&> OnPaste;
     TEvent<> OnDoubleClick;
     /// The popup menu is about to open on the current row and the column.
     TEvent<std::string_view> OnPopup;
@@ -118,6 +122,7 @@ private:
     std::string PerformText(const TUserEvent& event);
     std::string PerformTick(const TUserEvent& event);
     std::string PerformTitle(const TUserEvent& event);
+    std::string PerformPaste(const TUserEvent& event);
     std::string WhyNoCell(const TUserEvent& event) const;
     std::string WhyNotEditable(int column) const;
     bool EnterKey();
@@ -160,6 +165,7 @@ private:
     TGridOrder order_;
     TGridExit onExit_;
     int lines_;
+    bool totals_;
     bool editing_ = false;
     std::string editorText_;
     std::uint64_t rowsVersion_ = 0;

@@ -102,6 +102,8 @@ std::string TGrid::Perform(const TUserEvent& event)
         return PerformTick(event);
     case GridTitle:
         return PerformTitle(event);
+    case GridPaste:
+        return PerformPaste(event);
     default:
         return TControl::Perform(event);
     }
@@ -192,6 +194,19 @@ std::string TGrid::PerformTitle(const TUserEvent& event)
         SortByTitle(field);
     else
         OnTitleClick(field);
+    return {};
+}
+
+std::string TGrid::PerformPaste(const TUserEvent& event)
+{
+    if (!OnPaste.connected())
+        return Named("não recebe linhas coladas");
+    if (!ValidUtf8(event.text))
+        return "O texto não é válido.";
+    if (!TakeFocus())
+        return {};
+    CommitInput();
+    OnPaste(PastedRows(event.text));
     return {};
 }
 

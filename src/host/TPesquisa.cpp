@@ -1,6 +1,7 @@
 #include "host/TPesquisa.h"
 
 #include "forms/text.h"
+#include "host/searchText.h"
 #include "host/TOrvForm.h"
 #include "host/TOrvTable.h"
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::size_t shownColumns = 6;
 constexpr int widestShown = 150;
-constexpr std::size_t longestSearch = 60;
 
 bool Suits(const TColumnDecl& column)
 {
@@ -34,15 +34,6 @@ std::vector<const TColumnDecl*> ShownColumns(const TTableDecl& table, std::strin
 
 /// Codes and descriptions are searched; flags would match nearly everything.
 bool Searchable(const TColumnDecl& column) { return column.kind == TColumnKind::Text && column.width > 1; }
-
-/// The text anywhere in a column, its own wildcards taken as they stand.
-std::string Pattern(std::string_view text)
-{
-    auto pattern = UpperCase(Left(text, longestSearch));
-    for (const auto* special : {"!", "%", "_"})
-        pattern = Replace(pattern, special, std::string("!") + special);
-    return "%" + pattern + "%";
-}
 
 void AddCondition(TStatement& sql, bool& first, const TStatement& condition)
 {
@@ -155,24 +146,10 @@ TStatement TPesquisa::RowsWith(std::string_view text) const
 
     bool first = true;
     AddCondition(sql, first, InParentheses(Filtro));
-    AddCondition(sql, first, InParentheses(Matching(text)));
+    AddCondition(sql, first, InParentheses(StandsIn(searched_, text)));
     if (!Options.BuscaCampo.empty())
         sql.Add(" ORDER BY ?", TName(Options.BuscaCampo));
     return sql.Add(" FETCH FIRST 300 ROWS ONLY");
-}
-
-/// Empty when everything matches.
-TStatement TPesquisa::Matching(std::string_view text) const
-{
-    TStatement any;
-    if (text.empty())
-        return any;
-    const auto pattern = Pattern(text);
-    for (const auto& column : searched_)
-        any.Add(any.IsEmpty() ? TFragment("") : TFragment(" OR "))
-            // The cast frees the pattern from the width of the column, to which a server would else hold it.
-            .Add("UPPER(?) LIKE CAST(? AS VARCHAR(200)) ESCAPE '!'", TName(column), pattern);
-    return any;
 }
 
 /// Anew: what was picked before stays picked, in front of what is found.

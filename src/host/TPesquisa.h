@@ -53,7 +53,6 @@ private:
     const TTableDecl& Table() const;
     std::string Title() const;
     TStatement RowsWith(std::string_view text) const;
-    TStatement Matching(std::string_view text) const;
     void Search(std::string_view text);
     void Find(std::string_view text);
     /// All cells of the rows that are picked.

@@ -309,6 +309,47 @@ TEST_F(Grid, TellsOfTitlesDoubleClicksAndMenus)
     EXPECT_NE(user.Do({.kind = GridDouble, .control = "dbg", .column = "Quant", .row = 3}), "");
 }
 
+TEST_F(Grid, GivesPastedRowsToAScreenThatTakesThem)
+{
+    EXPECT_NE(user.Do({.kind = GridPaste, .control = "dbg", .text = "01\t5"}), "");
+    TPastedRows pasted;
+    form.dbg.OnPaste.connect([&](const TPastedRows& rows) { pasted = rows; });
+    EXPECT_EQ(user.Do({.kind = GridPaste, .control = "dbg", .text = "01\t5\n02\t6\n"}), "");
+    EXPECT_EQ(pasted, (TPastedRows{{"01", "5"}, {"02", "6"}}));
+    EXPECT_EQ(form.ActiveControl(), &form.dbg);
+    EXPECT_NE(user.Do({.kind = GridPaste, .control = "dbg", .text = "\xff"}), "");
+}
+
+TEST_F(Grid, PutsWhatIsTypedIntoItsFieldBeforeAPaste)
+{
+    form.dbg.OnPaste.connect([&](const TPastedRows&) { EXPECT_EQ(form.tb.Quant.value(), 7); });
+    user.Do({.kind = GridCell, .control = "dbg", .column = "Quant", .row = 0});
+    Text("7");
+    EXPECT_EQ(user.Do({.kind = GridPaste, .control = "dbg", .text = "x"}), "");
+}
+
+TEST(PastedRows, AreCellsBetweenTabsAndLineBreaks)
+{
+    EXPECT_EQ(PastedRows("a\tb\nc\td"), (TPastedRows{{"a", "b"}, {"c", "d"}}));
+    EXPECT_EQ(PastedRows("a\t\tb"), (TPastedRows{{"a", "", "b"}}));
+    EXPECT_EQ(PastedRows("a\t"), (TPastedRows{{"a"}}));
+    EXPECT_EQ(PastedRows("um só"), (TPastedRows{{"um só"}}));
+}
+
+TEST(PastedRows, LeaveOutBlankRowsAndBlanksAroundCells)
+{
+    EXPECT_EQ(PastedRows(" a \t b\n\t \n\nc\n"), (TPastedRows{{"a", "b"}, {"c"}}));
+    EXPECT_EQ(PastedRows(""), TPastedRows());
+    EXPECT_EQ(PastedRows("\n\t\n"), TPastedRows());
+}
+
+TEST(PastedRows, KeepLineBreaksTabsAndQuotesOfAQuotedCell)
+{
+    EXPECT_EQ(PastedRows("\"a\nb\"\tc"), (TPastedRows{{"a\nb", "c"}}));
+    EXPECT_EQ(PastedRows("\"a\tb\"\n\"12\"\" x\""), (TPastedRows{{"a\tb"}, {"12\" x"}}));
+    EXPECT_EQ(PastedRows("\"open"), (TPastedRows{{"open"}}));
+}
+
 TEST_F(Grid, StandsInTheOrderOfATitleAndTheTableDoesNot)
 {
     Prices({{"01", 3}, {"02", 1}, {"03", 2}});

@@ -23,7 +23,8 @@ export class GridLayout {
     }
 
     get totals(): boolean {
-        return this.stored["somas"] === true;
+        const chosen = this.stored["somas"];
+        return typeof chosen === "boolean" ? chosen : this.control.flag("totals");
     }
 
     /** In the user's order; a column that he has not seen yet stands where it would. */

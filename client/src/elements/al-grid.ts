@@ -50,6 +50,8 @@ const blockSize = 100;
 const rowsMeasured = 50;
 /** Rows asked for above and below those that are seen. */
 const margin = 100;
+/** Bytes of a paste, so that its message stays below the 64 KiB that the server reads. */
+const longestPaste = 60_000;
 /** Pixels of the kinds that need no more; a text takes what is left. */
 const narrow: Readonly<Record<string, number>> = { integer: 84, float: 84, date: 104, datetime: 140, tick: 72 };
 /** In the order of the server's enumeration. */
@@ -443,7 +445,9 @@ export class GridElement extends TextElement {
 
     override type(text: string): void {
         const lines = text.replace(/\r/g, "").replace(/\n$/, "").split("\n").map((line) => line.split("\t"));
-        if (lines.length > 1 || lines[0]!.length > 1) this.pasteCells(lines);
+        const several = lines.length > 1 || lines[0]!.length > 1;
+        if (several && this.control.flag("takesPaste")) this.pasteRows(text);
+        else if (several) this.pasteCells(lines);
         else super.type(lines[0]![0]!);
     }
 
@@ -538,6 +542,14 @@ export class GridElement extends TextElement {
         const indexes = fields.map((field) => this.control.texts("columns").indexOf(field));
         const lines = Array.from({ length: last - first + 1 }, (_, row) => indexes.map((index) => rows.get(first + row)?.texts[index] ?? ""));
         return lines.map((line) => line.join("\t")).join("\n");
+    }
+
+    /** As a whole: the screen knows what the cells are. A message has its limit. */
+    private pasteRows(text: string): void {
+        if (new TextEncoder().encode(JSON.stringify(text)).length > longestPaste) {
+            return session.tell("São linhas demais para colar de uma vez: cole em partes ou importe o arquivo.");
+        }
+        session.send({ event: "paste", ...this.address, text: text.replace(/\r/g, "") });
     }
 
     /** From the current cell on, each as if it were typed. */

@@ -41,6 +41,8 @@ public:
         format_set_bold(bold_);
         date_ = workbook_add_format(book_);
         format_set_num_format(date_, "dd/mm/yyyy");
+        moment_ = workbook_add_format(book_);
+        format_set_num_format(moment_, "dd/mm/yyyy hh:mm:ss");
     }
     ~TBook()
     {
@@ -69,6 +71,7 @@ private:
     lxw_worksheet* sheet_ = nullptr;
     lxw_format* bold_ = nullptr;
     lxw_format* date_ = nullptr;
+    lxw_format* moment_ = nullptr; ///< a date with its hour
 };
 
 std::size_t WrittenRows(const TDataSet& rows) { return std::min(rows.RecordCount(), MostRows); }
@@ -124,7 +127,8 @@ void TBook::WriteCell(lxw_row_t row, lxw_col_t column, const TField& field, cons
     if (field.Kind() == TFieldKind::Text)
         worksheet_write_string(sheet_, row, column, Left(value.AsString(), LongestText).c_str(), nullptr);
     else if (value.IsDate())
-        worksheet_write_unixtime(sheet_, row, column, value.AsDateTime().Seconds(), date_);
+        worksheet_write_unixtime(
+            sheet_, row, column, value.AsDateTime().Seconds(), value.AsDateTime().HasHour() ? moment_ : date_);
     else
         worksheet_write_number(sheet_, row, column, value.AsFloat(), nullptr);
 }
@@ -172,6 +176,13 @@ std::string Spreadsheet(const TprReportBase& report)
         book.AddSheet(name, *rows, columns);
         book.AddTotals(*rows, columns, totalled);
     }
+    return book.Finish();
+}
+
+std::string Spreadsheet(const std::string& sheet, const TDataSet& rows)
+{
+    TBook book;
+    book.AddSheet(sheet, rows, ShownFields(rows));
     return book.Finish();
 }
 

@@ -179,6 +179,7 @@ constexpr std::array Shapes = {
     TShape{"page", TEventKind::Page, {"form", "control", "index"}},
     TShape{"cell", TEventKind::GridCell, {"form", "control", "row", "column"}},
     TShape{"cellText", TEventKind::GridText, {"form", "control", "text", "key?"}},
+    TShape{"paste", TEventKind::GridPaste, {"form", "control", "text"}},
     TShape{"title", TEventKind::GridTitle, {"form", "control", "column"}},
     TShape{"cellDoubleClick", TEventKind::GridDouble, {"form", "control", "row", "column"}},
     TShape{"tick", TEventKind::GridTick, {"form", "control", "row", "column", "checked"}},

@@ -32,7 +32,7 @@ TWebSession::TWebSession(std::string id, TSessionUser user, ISessionHost& host, 
     : id_(std::move(id))
     , user_(std::move(user))
     , host_(host)
-    , connected_(connected)
+    , connected_(connected, id_)
 {
     note_.id = id_;
     note_.usuario = user_.code;
@@ -193,6 +193,12 @@ bool TWebSession::Ended() const
 {
     const std::lock_guard lock(mutex_);
     return ended_;
+}
+
+bool TWebSession::Ending() const
+{
+    const std::lock_guard lock(mutex_);
+    return ending_ || ended_;
 }
 
 void TWebSession::Ask(TAsked work)

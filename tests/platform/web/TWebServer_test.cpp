@@ -160,8 +160,11 @@ public:
         ++tries;
         return password == "demo" ? std::optional(TSessionUser{std::string(name), "Ana"}) : std::nullopt;
     }
-    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    std::unique_ptr<IWorkplace> Open(
+        const TSessionUser& user, IEventSource& source, IView& view, TConectados& connected) override
     {
+        const std::lock_guard lock(mutex);
+        seenBy[user.code] = &connected;
         return std::make_unique<TTestWorkplace>(source, view, pendingSince);
     }
     TClientSettings Settings(const TSessionUser& user) override { return settings[user.code]; }
@@ -185,6 +188,7 @@ public:
     std::atomic<int> tries = 0;
     std::map<std::string, TClientSettings> settings;
     std::mutex mutex;
+    std::map<std::string, TConectados*> seenBy; ///< who is at work, as the last session of each user sees it
     std::string notice;
 };
 
@@ -577,6 +581,29 @@ TEST_F(WebServer, TheEndOfAnIdleSessionIsToldAtTheNextLogin)
     EXPECT_NE(client.State()["ended"].get<std::string>().find("por falta de uso"), std::string::npos);
     const auto welcome = json::parse(Post("/entrar", {{"usuario", "ANA"}, {"senha", "demo"}}).body());
     EXPECT_NE(welcome["aviso"].get<std::string>().find("foi desfeito"), std::string::npos);
+}
+
+TEST_F(WebServer, ASessionThatAnotherOneEndsIsToldWhyAndIsGone)
+{
+    host_.pendingSince = ClockNow();
+    TWebClient ana(Port(), {.user = "ANA"});
+    const TWebClient maria(Port(), {.user = "MARIA"});
+    auto& seen = *host_.seenBy.at("MARIA");
+    const auto list = seen.Lista();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].usuario, "ANA");
+    EXPECT_FALSE(list[0].propria);
+    EXPECT_FALSE(list[0].pendenteDesde.IsBlank());
+    EXPECT_EQ(list[0].telas, std::vector<std::string>{"Teste"});
+    EXPECT_TRUE(list[1].propria);
+
+    EXPECT_FALSE(seen.Encerra(list[1].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_TRUE(seen.Encerra(list[0].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_EQ(seen.Lista().size(), 1U);
+    EXPECT_FALSE(seen.Encerra(list[0].id, "outra vez"));
+    while (!ana.State().contains("ended"))
+        ana.Receive();
+    EXPECT_TRUE(ana.State()["ended"].get<std::string>().starts_with("A sessão foi encerrada por MARIA. O que não foi"));
 }
 
 TEST_F(WebServer, SettingsAreKeptForTheirUser)

@@ -192,6 +192,15 @@ void THands::operator()(const TTitleClick& action) const
     send_({.kind = GridTitle, .control = action.grid, .column = column});
 }
 
+/// What a spreadsheet puts into the clipboard.
+void THands::operator()(const TPaste& action) const
+{
+    std::string text;
+    for (const auto& row : action.rows)
+        text += alinhavo::Replace(row, "|", "\t") + "\n";
+    send_({.kind = GridPaste, .control = action.grid, .text = std::move(text)});
+}
+
 void THands::operator()(const TMenu& action) const
 {
     OpenMenu(action.control, action.column);

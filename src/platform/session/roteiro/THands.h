@@ -30,6 +30,7 @@ public:
     void operator()(const TFillCell& action) const;
     void operator()(const TGoToRow& action) const;
     void operator()(const TDoubleClick& action) const;
+    void operator()(const TPaste& action) const;
     void operator()(const TMenu& action) const;
     void operator()(const TTitleClick& action) const;
 
