@@ -14,18 +14,20 @@ export type UserEvent =
     | { event: "page"; form: string; control: string; index: number }
     | { event: "cell"; form: string; control: string; row: number; column: string }
     | { event: "cellText"; form: string; control: string; text: string; key?: string }
+    | { event: "paste"; form: string; control: string; text: string }
     | { event: "title"; form: string; control: string; column: string }
     | { event: "cellDoubleClick"; form: string; control: string; row: number; column: string }
     | { event: "tick"; form: string; control: string; row: number; column: string; checked: boolean }
     | { event: "menu"; form: string; control: string; row?: number; column?: string }
     | { event: "menuItem"; form: string; control: string; item: string }
-    | { event: "search"; dialog: number; text: string }
+    | { event: "search"; dialog: number; text: string; rows?: number[] }
     | { event: "answer"; dialog: number; button: Button; text?: string; rows?: number[]; password?: string }
     | { event: "open"; class: string }
     | { event: "activate"; form: string }
     | { event: "close"; form: string }
     | { event: "rows"; form: string; control: string; first: number; count: number }
-    | { event: "dialogRows"; dialog: number; first: number; count: number };
+    | { event: "dialogRows"; dialog: number; first: number; count: number }
+    | { event: "sort"; form: string; control: string; column: string; descending: boolean };
 
 export type ClientMessage = { n: number; turn: number } & UserEvent;
 
@@ -78,8 +80,14 @@ export interface DialogState {
     beep: boolean;
     columns?: readonly LookupColumn[];
     multiple?: boolean;
+    /** What was picked stands in front of what a search finds. */
+    keepsPicks?: boolean;
     /** Token of the report to show. */
     report?: string;
+    /** The report is one of plain text. */
+    plainText?: boolean;
+    /** Address that the report is offered to be sent to. */
+    recipient?: string;
     /** Pictures to show. */
     files?: readonly string[];
 }

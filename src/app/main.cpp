@@ -1,4 +1,7 @@
+#include "app/command_cria.h"
 #include "app/command_demo.h"
+#include "app/command_exporta.h"
+#include "app/command_importa.h"
 #include "app/command_roteiro.h"
 #include "app/command_senha.h"
 #include "app/command_servir.h"
@@ -29,6 +32,10 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Alinhavo: controle da produção em facções."};
     app.require_subcommand(1);
+
+    TCriaOptions cria;
+    CLI::App& criaCommand = *app.add_subcommand("cria", "Cria um banco vazio, com o usuário ADMIN.");
+    criaCommand.add_option("--banco", cria.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
 
     TDemoOptions demo;
     CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
@@ -70,9 +77,39 @@ int main(int argc, char** argv)
     verificaCommand.add_option("--banco", verifica.database, "Arquivo Firebird ou endereço do banco.")->required();
     verificaCommand.add_option("--empresa", verifica.company, "Código da empresa.")->capture_default_str();
 
+    TImportaOptions importa;
+    CLI::App& importaCommand = *app.add_subcommand(
+        "importa", "Confere um arquivo CSV ou XLSX com uma tabela e, com --grava, grava o que é novo e o que mudou.");
+    importaCommand.add_option("tabela", importa.table, "Nome da tabela.")->required();
+    importaCommand.add_option("arquivo", importa.file, "Arquivo CSV ou XLSX.")->required()->check(CLI::ExistingFile);
+    importaCommand.add_option("--banco", importa.database, "Arquivo Firebird ou endereço do banco.")->required();
+    importaCommand.add_option("--empresa", importa.company, "Código da empresa.")->capture_default_str();
+    importaCommand
+        .add_option(
+            "--existentes", importa.existing, "O que fazer com as linhas que a tabela já tem: atualiza ou ignora.")
+        ->check(CLI::IsMember({"atualiza", "ignora"}))
+        ->capture_default_str();
+    importaCommand.add_option(
+        "--erros", importa.errors, "Arquivo em que as linhas erradas são relatadas; sem ele, ARQUIVO.erros.csv.");
+    importaCommand.add_flag("--grava", importa.write, "Grava; sem isto, só confere.");
+
+    TExportaOptions exporta;
+    CLI::App& exportaCommand = *app.add_subcommand("exporta", "Grava uma tabela num arquivo CSV ou XLSX.");
+    exportaCommand.add_option("tabela", exporta.table, "Nome da tabela.")->required();
+    exportaCommand.add_option("arquivo", exporta.file, "Arquivo a gravar: planilha se termina em .xlsx, senão CSV.")
+        ->required();
+    exportaCommand.add_option("--banco", exporta.database, "Arquivo Firebird ou endereço do banco.")->required();
+    exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
+
     CLI11_PARSE(app, argc, argv);
+    if (criaCommand.parsed())
+        return RunCria(cria);
     if (demoCommand.parsed())
         return RunDemo(demo);
+    if (importaCommand.parsed())
+        return RunImporta(importa);
+    if (exportaCommand.parsed())
+        return RunExporta(exporta);
     if (senhaCommand.parsed())
         return RunSenha(senha);
     if (servirCommand.parsed())

@@ -27,6 +27,7 @@ struct TUserEvent {
         GridText, ///< `text` is now what stands in the editor of the current cell
         GridTitle, ///< click on the title of `column`
         GridDouble, ///< double click on `row`, `column`
+        GridPaste, ///< `text` was pasted into a grid that takes whole rows: cells as a spreadsheet copies them
         GridTick, ///< the tick of `row`, `column` is now `flag`
         OpenMenu, ///< the popup menu of `control` is about to open; in a grid on `row`, `column`
         MenuItem, ///< `text` names the item of the popup menu of `control`

@@ -89,6 +89,8 @@ bool IsRequired(const TTableDecl& table, const TColumnDecl& column)
     return listed(table.key) || listed(table.required);
 }
 
+std::string TableScreen(const TTableDecl& table) { return "TfmTabela_" + std::string(table.name); }
+
 std::vector<std::string_view> ColumnNames(std::string_view list)
 {
     std::vector<std::string_view> names;

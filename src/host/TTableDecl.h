@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -98,6 +99,9 @@ std::vector<TChoice> Choices(const TColumnDecl& column); ///< empty: any value
 std::string_view PersonKey(const TTableDecl& table);
 /// A person must fill it: a column of the key that is not an identity, or one of `required`.
 bool IsRequired(const TTableDecl& table, const TColumnDecl& column);
+
+/// The class of the screen on which a person sees, and where he keeps it changes, the rows of the table.
+std::string TableScreen(const TTableDecl& table);
 
 /// The names in a comma-separated list, in its order: the columns of a key, an index or a foreign key.
 std::vector<std::string_view> ColumnNames(std::string_view list);

@@ -14,5 +14,9 @@ import "./look.test.mjs";
 import "./factory.test.mjs";
 import "./protocol.test.mjs";
 import "./master.test.mjs";
+import "./tables.test.mjs";
+import "./administration.test.mjs";
+import "./exchange.test.mjs";
+import "./report.test.mjs";
 
 await runAll();

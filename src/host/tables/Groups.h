@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 /// Under what a person looks for a table.
@@ -19,5 +20,9 @@ inline constexpr std::string_view people = "Pessoas";
 inline constexpr std::string_view periods = "Períodos";
 inline constexpr std::string_view invoices = "Notas fiscais";
 inline constexpr std::string_view finance = "Financeiro";
+
+/// In the order in which a factory that begins fills them.
+inline constexpr std::array all{products, colours, partners, orders, sectors, production, prices, stock, materials,
+    quality, people, periods, invoices, finance};
 
 } // namespace alinhavo::group

@@ -1,19 +1,27 @@
 #include "platform/services/TEmptyDatabase.h"
 
+#include "host/tables/Groups.h"
+#include "host/TTableDecl.h"
 #include "platform/services/TTableWriter.h"
 
+#include <algorithm>
 #include <array>
+#include <string>
+#include <vector>
 
 namespace alinhavo {
 namespace {
 
 struct TMenuEntry {
-    std::string_view level;
+    std::string level;
     std::string_view caption;
-    std::string_view screen = {}; ///< the class; a heading has none
+    std::string screen = {}; ///< the class; a heading has none
 };
 
-constexpr auto menu = std::to_array<TMenuEntry>({
+/// The headings of the tables follow those of the screens.
+constexpr int firstTableLevel = 20;
+
+const auto screens = std::to_array<TMenuEntry>({
     {"01", "Movimentação"},
     {"01.01", "Movimentação de Setores", "TfmFacMov"},
     {"01.02", "Altera de Terceiros", "TfmAlteraFaccao"},
@@ -21,6 +29,7 @@ constexpr auto menu = std::to_array<TMenuEntry>({
     {"01.04", "Movimento de Estoque Rejeitado", "TfmMovEstRej"},
     {"01.05", "Cadastro Produção p/ Funcionário", "TFmFacProdFunc"},
     {"01.06", "Cadastro de Tempo Diário", "TFmFacTempoFun"},
+    {"01.07", "Ordem de Fabricação", "TfmNovaOF"},
     {"02", "Envio para facções"},
     {"02.01", "Lançamentos de Facções", "TfmFacLanca"},
     {"02.02", "Reserva de consumos", "TfmFacDistrib"},
@@ -53,21 +62,61 @@ constexpr auto menu = std::to_array<TMenuEntry>({
     {"06.04", "Cadastro de Tipos de Inspeção", "TfmCadTipoDef"},
     {"06.05", "Cadastro de Estampa por Cliente", "TfmEstampaCli"},
     {"06.06", "Relatório de Estampa", "TfmRelEstampa"},
+    {"06.07", "Importar e exportar tabelas", "TfmImportaExporta"},
+    {"09", "Administração"},
+    {"09.01", "Usuários e permissões", "TfmUsuarios"},
+    {"09.02", "Parâmetros", "TfmParametros"},
+    {"09.03", "Registro de alterações", "TfmLog"},
+    {"09.04", "Quem está conectado", "TfmConectados"},
+    {"09.05", "Trocar senha", "TfmTrocaSenha"},
 });
+
+std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+
+/// The tables of a group, as a person reads them: by their captions.
+std::vector<const TTableDecl*> TablesOf(std::string_view tableGroup)
+{
+    std::vector<const TTableDecl*> tables;
+    for (const TTableDecl& table : Tables()) {
+        if (table.group == tableGroup)
+            tables.push_back(&table);
+    }
+    std::ranges::sort(tables, {}, &TTableDecl::caption);
+    return tables;
+}
+
+void AddTables(std::vector<TMenuEntry>& entries)
+{
+    int level = firstTableLevel;
+    for (const std::string_view tableGroup : group::all) {
+        const std::string heading = TwoDigits(level++);
+        entries.push_back({heading, tableGroup});
+        int number = 0;
+        for (const TTableDecl* table : TablesOf(tableGroup))
+            entries.push_back({heading + "." + TwoDigits(++number), table->caption, TableScreen(*table)});
+    }
+}
+
+std::vector<TMenuEntry> Menu()
+{
+    std::vector<TMenuEntry> entries(screens.begin(), screens.end());
+    AddTables(entries);
+    return entries;
+}
 
 } // namespace
 
 void WriteScreenMenu(TOrvDatabase& database)
 {
     TTableWriter entries(database, "ACESSO_MENU", "NIVEL,DESCRICAO,NOME_FORM");
-    for (const TMenuEntry& entry : menu)
+    for (const TMenuEntry& entry : Menu())
         entries.Row({entry.level, entry.caption, entry.screen.empty() ? TValue() : TValue(entry.screen)});
 }
 
 void GrantEveryRight(TOrvDatabase& database, std::string_view user)
 {
     TTableWriter rights(database, "ACESSO", "USUARIO,LOCAL,ALTERA,EXCLUI,CONSULTA");
-    for (const TMenuEntry& entry : menu)
+    for (const TMenuEntry& entry : Menu())
         rights.Row({user, entry.level, "Sim", "Sim", "Sim"});
 }
 

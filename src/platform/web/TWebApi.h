@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/report/TPdfPrinter.h"
+#include "platform/services/TLoginGuard.h"
 #include "platform/services/TSessionUser.h"
 #include "platform/web/THttpAnswer.h"
-#include "platform/web/TLoginGuard.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/thread_pool.hpp>

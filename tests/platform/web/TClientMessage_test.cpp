@@ -41,6 +41,14 @@ TEST(ClientMessage, ACellHasRowAndColumn)
     EXPECT_TRUE(message.event.flag);
 }
 
+TEST(ClientMessage, APasteIsTheWholeText)
+{
+    const auto message = Decode(R"({"n":1,"turn":1,"event":"paste","form":"f","control":"g","text":"01\t5\n02\t6"})");
+    EXPECT_EQ(message.event.kind, TKind::GridPaste);
+    EXPECT_EQ(message.event.control, "g");
+    EXPECT_EQ(message.event.text, "01\t5\n02\t6");
+}
+
 TEST(ClientMessage, AnAnswerIsForOneDialog)
 {
     const auto message = Decode(R"({"n":1,"turn":1,"event":"answer","dialog":9,"button":"yes","rows":[2,5]})");

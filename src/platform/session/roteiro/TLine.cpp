@@ -19,7 +19,7 @@ bool IsDialog(const TStep& step)
 bool IsUserAction(const TStep& step)
 {
     return IsOneOf<TOpen, TClose, TActivate, TClick, TFill, TPass, TWrite, TChoose, TCheck, TTurn, TPress, TFillCell,
-        TGoToRow, TDoubleClick, TMenu, TTitleClick>(step);
+        TGoToRow, TDoubleClick, TPaste, TMenu, TTitleClick>(step);
 }
 
 } // namespace alinhavo::roteiro

@@ -127,6 +127,10 @@ struct TDoubleClick {
     std::string grid;
     TRowName row;
 };
+struct TPaste {
+    std::string grid;
+    std::vector<std::string> rows; ///< each with its cells between "|"
+};
 struct TMenu {
     std::string control;
     std::string column; ///< that it opens on; empty: the current one
@@ -234,9 +238,9 @@ struct TModal {
 
 using TStep = std::variant<TDatabase, TParameter, TSetting, TSql, TRfid, TToday, TUser, TSwitchSession, TPlannedFailure,
     TOpen, TClose, TActivate, TClick, TFill, TPass, TWrite, TChoose, TCheck, TTurn, TPress, TFillCell, TGoToRow,
-    TDoubleClick, TMenu, TTitleClick, TExpectText, TExpectState, TExpectRows, TExpectSum, TExpectCell, TExpectItems,
-    TExpectColumn, TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText, TExpectSound,
-    TMessage, TQuestion, TInput, TLookup, TSupervisor, TFile, TModal>;
+    TDoubleClick, TPaste, TMenu, TTitleClick, TExpectText, TExpectState, TExpectRows, TExpectSum, TExpectCell,
+    TExpectItems, TExpectColumn, TExpectMenu, TExpectSql, TExpectLog, TExpectLogRows, TExpectReport, TExpectReportText,
+    TExpectSound, TMessage, TQuestion, TInput, TLookup, TSupervisor, TFile, TModal>;
 
 /// Where a line stands.
 struct TPlace {

@@ -234,6 +234,15 @@ TStep Menu(TScanner& scanner)
     return TMenu{std::move(control), std::move(column), scanner.Text("the item").text};
 }
 
+TStep Cola(TScanner& scanner)
+{
+    TPaste paste{scanner.Name("the grid"), {}};
+    do
+        paste.rows.push_back(scanner.Text("the row").text);
+    while (!scanner.AtEnd());
+    return paste;
+}
+
 TStep Titulo(TScanner& scanner)
 {
     auto grid = scanner.Name("the grid");
@@ -420,6 +429,7 @@ const std::map<std::string_view, TForm> forms{
     {"duplo", Duplo},
     {"menu", Menu},
     {"titulo", Titulo},
+    {"cola", Cola},
     {"confere", Confere},
     {"verifica", Verifica},
     {"!", Mensagem},

@@ -179,6 +179,7 @@ TEST(RoteiroParser, ReadsMenusAndTitles)
     EXPECT_EQ(plain.item, "Zerar Quantidades");
     EXPECT_EQ(plain.column, "");
     EXPECT_EQ(Step<TMenu>("menu dbg00Grade coluna Quant \"Zerar\"").column, "Quant");
+    EXPECT_EQ(Step<TPaste>("cola DBGrid1 \"01|Azul\" 02").rows, (std::vector<std::string>{"01|Azul", "02"}));
     EXPECT_EQ(Step<TTitleClick>("titulo DBGrid1 DESCRICAO").column, "DESCRICAO");
 }
 
