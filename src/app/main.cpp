@@ -1,6 +1,8 @@
+#include "app/command_copia.h"
 #include "app/command_demo.h"
 #include "app/command_exporta.h"
 #include "app/command_importa.h"
+#include "app/command_prepara.h"
 #include "app/command_roteiro.h"
 #include "app/command_senha.h"
 #include "app/command_servir.h"
@@ -96,6 +98,23 @@ int main(int argc, char** argv)
     exportaCommand.add_option("--banco", exporta.database, "Arquivo Firebird ou endereço do banco.")->required();
     exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
 
+    TPreparaOptions prepara;
+    CLI::App& preparaCommand
+        = *app.add_subcommand("prepara", "Cria um banco vazio, ou traz um que existe à versão do programa.");
+    preparaCommand.add_option("--banco", prepara.database, "Arquivo Firebird ou endereço do banco.")->required();
+    preparaCommand.add_option("--empresa", prepara.company, "Código da empresa.")->capture_default_str();
+
+    TCopiaOptions copia;
+    CLI::App& copiaCommand = *app.add_subcommand("copia", "Faz uma cópia do banco, também enquanto se trabalha nele.");
+    copiaCommand.add_option("--banco", copia.database, "Arquivo Firebird ou endereço do banco.")->required();
+    copiaCommand.add_option("--para", copia.copy, "Arquivo Firebird ou endereço que a cópia terá.")->required();
+
+    TCopiaOptions restaura;
+    CLI::App& restauraCommand = *app.add_subcommand("restaura", "Refaz o banco a partir de uma cópia, e o confere.");
+    restauraCommand.add_option("--de", restaura.copy, "Arquivo Firebird ou endereço da cópia.")->required();
+    restauraCommand.add_option("--banco", restaura.database, "Arquivo Firebird ou endereço do banco.")->required();
+    restauraCommand.add_flag("--substitui", restaura.replace, "Substitui o banco que existe.");
+
     CLI11_PARSE(app, argc, argv);
     if (demoCommand.parsed())
         return RunDemo(demo);
@@ -103,6 +122,12 @@ int main(int argc, char** argv)
         return RunImporta(importa);
     if (exportaCommand.parsed())
         return RunExporta(exporta);
+    if (preparaCommand.parsed())
+        return RunPrepara(prepara);
+    if (copiaCommand.parsed())
+        return RunCopia(copia);
+    if (restauraCommand.parsed())
+        return RunRestaura(restaura);
     if (senhaCommand.parsed())
         return RunSenha(senha);
     if (servirCommand.parsed())
