@@ -4,7 +4,7 @@ set -euo pipefail
 tree=${1:-$(dirname "$0")/..}
 cd "$tree"
 
-folders=(forms host movement master dispatch quality payment reports tables orders)
+folders=(forms host movement master dispatch quality payment reports tables orders administration)
 standard_headers=(
     algorithm any array atomic bit bitset cassert ccomplex cctype cerrno cfenv cfloat charconv chrono cinttypes climits
     clocale cmath compare complex concepts coroutine csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring ctime

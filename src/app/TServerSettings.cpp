@@ -57,6 +57,7 @@ TServerSettings TServerSettings::Read(const TConfiguration& configuration, const
     settings.host.database.company = read.Text("Banco", "empresa", "01");
     settings.host.database.lockWait = std::chrono::seconds(read.Number("Banco", "espera", 5, 1, 600));
     settings.host.database.cachePages = read.Number("Banco", "paginas", 4096, 64, 1'000'000);
+    settings.host.layouts = read.Text("Relatorio", "modelos", "");
     settings.host.today = options.today;
 
     settings.web.address = read.Text("Servidor", "endereco", "127.0.0.1", options.address);
@@ -64,6 +65,10 @@ TServerSettings TServerSettings::Read(const TConfiguration& configuration, const
     settings.web.threads = read.Number("Servidor", "linhas", 2, 1, 64);
     settings.web.pdfCommand = read.Text("Relatorio", "pdf", "chromium");
     settings.web.clientFolder = read.Text("Servidor", "cliente", "client/dist", options.client);
+    settings.web.certificate
+        = {.certificate = read.Text("Servidor", "certificado", ""), .key = read.Text("Servidor", "chave", "")};
+    if (settings.web.certificate.certificate.empty() != settings.web.certificate.key.empty())
+        throw std::runtime_error("[Servidor] certificado e chave: um não serve sem o outro.");
 
     settings.web.limits.sessions = static_cast<std::size_t>(read.Number("Sessao", "limite", 200, 1, 10'000));
     settings.web.limits.idle = std::chrono::minutes(read.Number("Sessao", "inatividade", 120, 0, 100'000));

@@ -1,4 +1,8 @@
+#include "app/command_copia.h"
 #include "app/command_demo.h"
+#include "app/command_exporta.h"
+#include "app/command_importa.h"
+#include "app/command_prepara.h"
 #include "app/command_roteiro.h"
 #include "app/command_senha.h"
 #include "app/command_servir.h"
@@ -70,9 +74,60 @@ int main(int argc, char** argv)
     verificaCommand.add_option("--banco", verifica.database, "Arquivo Firebird ou endereço do banco.")->required();
     verificaCommand.add_option("--empresa", verifica.company, "Código da empresa.")->capture_default_str();
 
+    TImportaOptions importa;
+    CLI::App& importaCommand = *app.add_subcommand(
+        "importa", "Confere um arquivo CSV ou XLSX com uma tabela e, com --grava, grava o que é novo e o que mudou.");
+    importaCommand.add_option("tabela", importa.table, "Nome da tabela.")->required();
+    importaCommand.add_option("arquivo", importa.file, "Arquivo CSV ou XLSX.")->required()->check(CLI::ExistingFile);
+    importaCommand.add_option("--banco", importa.database, "Arquivo Firebird ou endereço do banco.")->required();
+    importaCommand.add_option("--empresa", importa.company, "Código da empresa.")->capture_default_str();
+    importaCommand
+        .add_option(
+            "--existentes", importa.existing, "O que fazer com as linhas que a tabela já tem: atualiza ou ignora.")
+        ->check(CLI::IsMember({"atualiza", "ignora"}))
+        ->capture_default_str();
+    importaCommand.add_option(
+        "--erros", importa.errors, "Arquivo em que as linhas erradas são relatadas; sem ele, ARQUIVO.erros.csv.");
+    importaCommand.add_flag("--grava", importa.write, "Grava; sem isto, só confere.");
+
+    TExportaOptions exporta;
+    CLI::App& exportaCommand = *app.add_subcommand("exporta", "Grava uma tabela num arquivo CSV ou XLSX.");
+    exportaCommand.add_option("tabela", exporta.table, "Nome da tabela.")->required();
+    exportaCommand.add_option("arquivo", exporta.file, "Arquivo a gravar: planilha se termina em .xlsx, senão CSV.")
+        ->required();
+    exportaCommand.add_option("--banco", exporta.database, "Arquivo Firebird ou endereço do banco.")->required();
+    exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
+
+    TPreparaOptions prepara;
+    CLI::App& preparaCommand
+        = *app.add_subcommand("prepara", "Cria um banco vazio, ou traz um que existe à versão do programa.");
+    preparaCommand.add_option("--banco", prepara.database, "Arquivo Firebird ou endereço do banco.")->required();
+    preparaCommand.add_option("--empresa", prepara.company, "Código da empresa.")->capture_default_str();
+
+    TCopiaOptions copia;
+    CLI::App& copiaCommand = *app.add_subcommand("copia", "Faz uma cópia do banco, também enquanto se trabalha nele.");
+    copiaCommand.add_option("--banco", copia.database, "Arquivo Firebird ou endereço do banco.")->required();
+    copiaCommand.add_option("--para", copia.copy, "Arquivo Firebird ou endereço que a cópia terá.")->required();
+
+    TCopiaOptions restaura;
+    CLI::App& restauraCommand = *app.add_subcommand("restaura", "Refaz o banco a partir de uma cópia, e o confere.");
+    restauraCommand.add_option("--de", restaura.copy, "Arquivo Firebird ou endereço da cópia.")->required();
+    restauraCommand.add_option("--banco", restaura.database, "Arquivo Firebird ou endereço do banco.")->required();
+    restauraCommand.add_flag("--substitui", restaura.replace, "Substitui o banco que existe.");
+
     CLI11_PARSE(app, argc, argv);
     if (demoCommand.parsed())
         return RunDemo(demo);
+    if (importaCommand.parsed())
+        return RunImporta(importa);
+    if (exportaCommand.parsed())
+        return RunExporta(exporta);
+    if (preparaCommand.parsed())
+        return RunPrepara(prepara);
+    if (copiaCommand.parsed())
+        return RunCopia(copia);
+    if (restauraCommand.parsed())
+        return RunRestaura(restaura);
     if (senhaCommand.parsed())
         return RunSenha(senha);
     if (servirCommand.parsed())

@@ -15,9 +15,10 @@ struct TConectado {
     std::string nome;
     TDateTime desde;
     TDateTime ultimoUso;
-    TDateTime pendenteDesde; ///< blank: everything that was written is committed
-    std::vector<std::string> telas; ///< captions of the open screens
+    TDateTime pendenteDesde = {}; ///< blank: everything that was written is committed
+    std::vector<std::string> telas = {}; ///< captions of the open screens
     bool navegadorAberto = false;
+    bool propria = false; ///< the one that asks
 };
 
 /// Who is at work in the same server.
@@ -25,7 +26,10 @@ class TConectados {
 public:
     virtual ~TConectados() = default;
     virtual std::vector<TConectado> Lista() const = 0;
-    /// Ends the session and undoes what it has not committed; its user is told `motivo`. False when there is none.
+    /// Now, by the clock that the hours in the list are of.
+    virtual TDateTime Agora() const = 0;
+    /// Ends the session and undoes what it has not committed; its user is told `motivo`. False when there is none, and for the
+    /// one that asks.
     virtual bool Encerra(std::string_view id, std::string_view motivo) = 0;
 };
 

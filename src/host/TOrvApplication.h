@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/TApplication.h"
+#include "host/TConectados.h"
 #include "host/TContabil.h"
 #include "host/TEstoque.h"
 #include "host/TFuncoes.h"
@@ -8,6 +9,7 @@
 #include "host/TOrvEmail.h"
 #include "host/TOrvRFID.h"
 #include "host/TprReport.h"
+#include "host/TSenhas.h"
 #include "host/TTabela.h"
 
 namespace alinhavo {
@@ -23,6 +25,8 @@ struct THostServices {
     TOrvEmail& email;
     TOrvRFID& rfid;
     TMDados& mdados;
+    TSenhas& senhas;
+    TConectados& conectados;
 };
 
 /// A user's application within the host. The host's own screens are registered with it.

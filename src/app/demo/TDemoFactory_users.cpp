@@ -20,18 +20,23 @@ struct TAccount {
     std::string_view warehouse = {};
 };
 
-constexpr std::string_view everything = "01,02,03,04,05,06,20,21,22,23,24,25,26,27,28,29,30,31,32,33";
+constexpr std::string_view everything = "01,02,03,04,05,06,09,20,21,22,23,24,25,26,27,28,29,30,31,32,33";
+constexpr std::string_view productionAndTables = "01,02,03,04,05,06,20,21,22,23,24,25,26,27,28,29,30,31,32,33";
+constexpr std::string_view productionTablesAndLog
+    = "01,02,03,04,05,06,09.03,09.04,20,21,22,23,24,25,26,27,28,29,30,31,32,33";
+constexpr std::string_view ownPassword = "09.05"; ///< everybody's
 
 constexpr auto accounts = std::to_array<TAccount>({
     {"ADMIN", "administrador, com todos os direitos", "1", true, {}, everything, everything},
     {"ANA", "apontadora da produção", "0", false, "00000001", "01,02", "01,02,03,05,06", "01"},
     {"BRUNO", "apontador do corte, só nos setores 01 e 02", "0", false, "00000005", "01", "01,02,05", {}},
-    {"MARIA", "supervisora da produção", "1", true, "00000002", "01,02,03,05,06,20,21,22,23,24,25", everything, "01"},
+    {"MARIA", "supervisora da produção", "1", true, "00000002", "01,02,03,05,06,20,21,22,23,24,25",
+        productionTablesAndLog, "01"},
     {"JOAO", "inspetor de qualidade", "0", false, "00000003", "03", "01,03,05", {}},
     {"CELIA", "pagadora das facções", "0", false, "00000004", "04,02.01", "02,04,05", {}},
     {"DIRCEU", "costura na facção Irmãs Zancanaro e só vê o que está lá", "0", false, "00000900", "01.01",
         "01.01,05.01", {}},
-    {"PAULO", "consulta da diretoria", "0", false, "00000006", {}, everything, {}},
+    {"PAULO", "consulta da diretoria", "0", false, "00000006", {}, productionAndTables, {}},
 });
 
 constexpr std::string_view workshopOfDirceu = "00106";
@@ -96,7 +101,7 @@ void TDemoFactory::FillRights()
             const bool changes = Covers(account.changes, level);
             const bool deletes = changes && (account.supervisor || account.name == "ANA");
             rows.Row({account.name, level, Right(changes), Right(deletes),
-                Right(changes || Covers(account.consults, level))});
+                Right(changes || level == ownPassword || Covers(account.consults, level))});
         }
     }
 }

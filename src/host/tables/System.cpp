@@ -81,6 +81,7 @@ constexpr TIndexDecl geralogIndexes[] = {
     {"MODULO,CHAVE"},
     {"CHAVE"},
     {"DATA_HORA"},
+    {.columns = "IDENTIFICADOR", .descending = true},
 };
 
 constexpr TColumnDecl arquivoColumns[] = {

@@ -2,6 +2,7 @@
 
 #include "forms/numbers.h"
 #include "forms/text.h"
+#include "platform/exchange/headers.h"
 
 #include <algorithm>
 #include <array>
@@ -82,15 +83,27 @@ std::string AsText(const TValue& cell)
     return cell.AsDateTime().HasHour() ? cell.AsDateTime().TextWithHour() : cell.AsDateTime().Text();
 }
 
-/// Sim and Não, as people fill a column of "S" and "N".
-std::string Flag(const std::string& text)
+/// The value that a text means among the choices of a column: the value itself, or what it stands for.
+std::optional<std::string_view> Chosen(const std::vector<TChoice>& choices, const std::string& text)
 {
-    const auto upper = UpperCase(Trim(text));
-    if (upper == "SIM" || upper == "S")
-        return "S";
-    if (upper == "NÃO" || upper == "NAO" || upper == "N")
-        return "N";
-    return text;
+    const auto plain = Plain(text);
+    for (const auto& [value, caption] : choices) {
+        if (value == text || (!plain.empty() && (Plain(value) == plain || Plain(caption) == plain)))
+            return value;
+    }
+    return std::nullopt;
+}
+
+std::string Listed(const std::vector<TChoice>& choices)
+{
+    std::string list;
+    for (const auto& [value, caption] : choices) {
+        list += list.empty() ? "" : ", ";
+        list += value;
+        if (!caption.empty())
+            list.append(" (").append(caption).append(")");
+    }
+    return list;
 }
 
 /// Days and hours that a spreadsheet counts from the end of 1899.
@@ -148,6 +161,8 @@ TCellReading TColumnReader::Read(const TValue& cell) const
         return {.reason = "O texto tem caracteres inválidos: o arquivo foi gravado em outra codificação."};
     if (cell.IsText() && IsFormulaError(cell.Text()))
         return {.reason = "A fórmula da planilha deu erro."};
+    if (!choices_.empty())
+        return ReadChoice(cell);
     switch (column_.kind) {
     case TColumnKind::Text:
         return ReadText(cell);
@@ -163,9 +178,17 @@ TCellReading TColumnReader::Read(const TValue& cell) const
     return {};
 }
 
+TCellReading TColumnReader::ReadChoice(const TValue& cell) const
+{
+    const auto chosen = Chosen(choices_, AsText(cell));
+    if (!chosen)
+        return {.reason = "Só pode ser " + Listed(choices_) + "."};
+    return {.value = column_.kind == TColumnKind::Text ? TValue(*chosen) : TValue(StrToIntDef(*chosen, 0))};
+}
+
 TCellReading TColumnReader::ReadText(const TValue& cell) const
 {
-    const auto text = column_.width == 1 ? Flag(AsText(cell)) : AsText(cell);
+    const auto text = AsText(cell);
     if (HasControlCharacters(text))
         return {.reason = "O texto tem caracteres de controle."};
     const auto length = Length(text);

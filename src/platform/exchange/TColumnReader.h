@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace alinhavo {
 
@@ -20,6 +21,7 @@ class TColumnReader {
 public:
     explicit TColumnReader(const TColumnDecl& column)
         : column_(column)
+        , choices_(Choices(column))
     {
     }
 
@@ -33,12 +35,14 @@ public:
     TCellReading Read(const TValue& cell) const;
 
 private:
+    TCellReading ReadChoice(const TValue& cell) const;
     TCellReading ReadText(const TValue& cell) const;
     TCellReading ReadInteger(const TValue& cell) const;
     TCellReading ReadFloat(const TValue& cell) const;
     TCellReading ReadDate(const TValue& cell) const;
 
     const TColumnDecl& column_;
+    std::vector<TChoice> choices_;
     bool commas_ = false;
     bool pointedDecimals_ = false;
 };

@@ -34,7 +34,7 @@ struct TFileLimits {
 /// when it is neither or beyond the limits.
 TFileTable ReadTableFile(const std::filesystem::path& file, const TFileLimits& limits = {});
 
-/// Separated text: `;`, `,` or tab, whichever the first line has most of; UTF-8, with its mark or without, or Windows-1252.
+/// Separated text: the first of tab, `;` and `,` that stands in the first line; UTF-8, with its mark or without, or Windows-1252.
 /// Cells may stand in quotes, and then hold separators, line breaks and doubled quotes. The apostrophe that an export puts
 /// before a formula is taken off. A text that is malformed stays malformed: the check of its cell tells so.
 TFileTable ReadSeparatedText(std::string_view bytes, const TFileLimits& limits = {});

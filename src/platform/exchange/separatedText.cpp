@@ -65,26 +65,30 @@ TEncoded Decode(std::string_view bytes)
     return {FromWindows1252(bytes), "Windows-1252"};
 }
 
-/// The one of which the first line with anything in it has most, outside quotes.
-char SeparatorOf(std::string_view text)
+/// Whether a letter stands outside quotes in the first line that is not empty.
+bool StandsInTitles(std::string_view text, char wanted)
 {
-    constexpr std::string_view separators = ";\t,";
-    std::array<int, separators.size()> counts{};
     bool quoted = false;
     bool begun = false;
     for (const char letter : text) {
         if (letter == '"')
             quoted = !quoted;
-        if (quoted)
-            continue;
-        if ((letter == '\n' || letter == '\r') && begun)
-            break;
-        begun = begun || (letter != '\n' && letter != '\r');
-        const auto place = separators.find(letter);
-        if (place != std::string_view::npos)
-            ++counts[place];
+        const bool isEnd = letter == '\n' || letter == '\r';
+        if (!quoted && (letter == wanted || (isEnd && begun)))
+            return letter == wanted;
+        begun = begun || !isEnd;
     }
-    return separators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())];
+    return false;
+}
+
+/// A comma in a title is a comma more often than a separator; the other two are nothing but separators.
+char SeparatorOf(std::string_view text)
+{
+    for (const char separator : {'\t', ';', ','}) {
+        if (StandsInTitles(text, separator))
+            return separator;
+    }
+    return ';';
 }
 
 /// Cuts a text into its cells.

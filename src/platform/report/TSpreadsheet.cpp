@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <set>
 #include <stdexcept>
@@ -40,6 +41,8 @@ public:
         format_set_bold(bold_);
         date_ = workbook_add_format(book_);
         format_set_num_format(date_, "dd/mm/yyyy");
+        moment_ = workbook_add_format(book_);
+        format_set_num_format(moment_, "dd/mm/yyyy hh:mm:ss");
     }
     ~TBook()
     {
@@ -49,7 +52,10 @@ public:
     TBook(const TBook&) = delete;
     TBook& operator=(const TBook&) = delete;
 
-    void AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns);
+    /// `rowAt`: the dataset's row for each line.
+    using TRowAt = std::function<std::size_t(std::size_t line)>;
+    void AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns,
+        const TRowAt& rowAt = std::identity());
     void AddTotals(
         const TDataSet& rows, const std::vector<TSheetColumn>& columns, const std::set<std::string>& totalled);
     std::string Finish();
@@ -65,6 +71,7 @@ private:
     lxw_worksheet* sheet_ = nullptr;
     lxw_format* bold_ = nullptr;
     lxw_format* date_ = nullptr;
+    lxw_format* moment_ = nullptr; ///< a date with its hour
 };
 
 std::size_t WrittenRows(const TDataSet& rows) { return std::min(rows.RecordCount(), MostRows); }
@@ -91,7 +98,8 @@ std::vector<TSheetColumn> ShownColumns(const TGrid& grid)
     return columns;
 }
 
-void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns)
+void TBook::AddSheet(
+    const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns, const TRowAt& rowAt)
 {
     sheet_ = workbook_add_worksheet(book_, Left(name, LXW_SHEETNAME_MAX).c_str());
     if (!sheet_)
@@ -102,7 +110,7 @@ void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::v
     for (std::size_t row = 0; row < WrittenRows(rows); ++row) {
         for (std::size_t column = 0; column < columns.size(); ++column)
             WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(column), *columns[column].field,
-                rows.CellValue(row, *columns[column].field));
+                rows.CellValue(rowAt(row), *columns[column].field));
     }
 }
 
@@ -119,7 +127,8 @@ void TBook::WriteCell(lxw_row_t row, lxw_col_t column, const TField& field, cons
     if (field.Kind() == TFieldKind::Text)
         worksheet_write_string(sheet_, row, column, Left(value.AsString(), LongestText).c_str(), nullptr);
     else if (value.IsDate())
-        worksheet_write_unixtime(sheet_, row, column, value.AsDateTime().Seconds(), date_);
+        worksheet_write_unixtime(
+            sheet_, row, column, value.AsDateTime().Seconds(), value.AsDateTime().HasHour() ? moment_ : date_);
     else
         worksheet_write_number(sheet_, row, column, value.AsFloat(), nullptr);
 }
@@ -170,11 +179,19 @@ std::string Spreadsheet(const TprReportBase& report)
     return book.Finish();
 }
 
+std::string Spreadsheet(const std::string& sheet, const TDataSet& rows)
+{
+    TBook book;
+    book.AddSheet(sheet, rows, ShownFields(rows));
+    return book.Finish();
+}
+
 std::string Spreadsheet(const TGrid& grid)
 {
     TBook book;
     if (grid.DataSet())
-        book.AddSheet("Grade", *grid.DataSet(), ShownColumns(grid));
+        book.AddSheet(
+            "Grade", *grid.DataSet(), ShownColumns(grid), [&](std::size_t line) { return grid.DataRow(line); });
     return book.Finish();
 }
 

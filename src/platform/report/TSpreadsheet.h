@@ -12,6 +12,9 @@ class TGrid;
 /// line the sums of the fields that the report's groups total. std::runtime_error when it cannot be made.
 std::string Spreadsheet(const TprReportBase& report);
 
+/// The visible rows and fields of a dataset as a workbook of one sheet. std::runtime_error when it cannot be made.
+std::string Spreadsheet(const std::string& sheet, const TDataSet& rows);
+
 /// The rows of a grid as a workbook: its visible columns with their titles. std::runtime_error when it cannot be made.
 std::string Spreadsheet(const TGrid& grid);
 

@@ -16,12 +16,7 @@ bool ReadsAsFormula(std::string_view text)
 
 } // namespace
 
-std::string WithFormulaMark(std::string text)
-{
-    if (ReadsAsFormula(text))
-        text.insert(0, "'");
-    return text;
-}
+std::string WithFormulaMark(const std::string& text) { return ReadsAsFormula(text) ? '\'' + text : text; }
 
 std::string WithoutFormulaMark(std::string text)
 {
@@ -36,7 +31,7 @@ std::string QuotedCell(const std::string& text)
         return text;
     std::string quoted = "\"";
     for (const char letter : text)
-        quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+        quoted.append(letter == '"' ? 2 : 1, letter);
     return quoted + '"';
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace alinhavo {
 
-/// Tells whether a typed password is the one that a stored text (ACESSO_USUARIOS.SENHA) was made of.
+/// Makes the text that is stored for a password (ACESSO_USUARIOS.SENHA), and tells whether it was made of a typed one.
 class IPasswords {
 public:
     virtual ~IPasswords() = default;
     virtual bool Matches(std::string_view stored, std::string_view password) const = 0;
+    virtual std::string Hash(std::string_view password) const = 0;
 };
 
 } // namespace alinhavo

@@ -62,6 +62,13 @@ const auto screens = std::to_array<TMenuEntry>({
     {"06.04", "Cadastro de Tipos de Inspeção", "TfmCadTipoDef"},
     {"06.05", "Cadastro de Estampa por Cliente", "TfmEstampaCli"},
     {"06.06", "Relatório de Estampa", "TfmRelEstampa"},
+    {"06.07", "Importar e exportar tabelas", "TfmImportaExporta"},
+    {"09", "Administração"},
+    {"09.01", "Usuários e permissões", "TfmUsuarios"},
+    {"09.02", "Parâmetros", "TfmParametros"},
+    {"09.03", "Registro de alterações", "TfmLog"},
+    {"09.04", "Quem está conectado", "TfmConectados"},
+    {"09.05", "Trocar senha", "TfmTrocaSenha"},
 });
 
 std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }

@@ -15,7 +15,7 @@ public:
     /// Takes some tenths of a second and tens of megabytes, on purpose. A stored text that is no hash matches nothing.
     bool Matches(std::string_view stored, std::string_view password) const override;
     /// Another text each time. std::runtime_error when there is not enough memory.
-    std::string Hash(std::string_view password) const;
+    std::string Hash(std::string_view password) const override;
 };
 
 } // namespace alinhavo

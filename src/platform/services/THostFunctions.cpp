@@ -8,7 +8,7 @@
 namespace alinhavo {
 
 THostFunctions::THostFunctions(TOrvDatabase& database, TUserSettings& settings, const TConfiguration& configuration,
-    TSessionUser user, const IPasswords& passwords)
+    TSessionUser user, const IPasswords& passwords, TLoginGuard& guard)
     : user_(std::move(user))
     , configuration_(configuration)
     , settings_(settings)
@@ -16,7 +16,7 @@ THostFunctions::THostFunctions(TOrvDatabase& database, TUserSettings& settings, 
     , numbering_(database)
     , parameters_(database)
     , files_(database, configuration.SharedRoot())
-    , rights_(database, user_.code, passwords)
+    , rights_(database, user_.code, passwords, guard)
     , log_(database, user_.name)
     , planning_(database)
     , pricing_(database, parameters_)

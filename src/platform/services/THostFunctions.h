@@ -21,7 +21,7 @@ namespace alinhavo {
 class THostFunctions final : public TFuncoes {
 public:
     THostFunctions(TOrvDatabase& database, TUserSettings& settings, const TConfiguration& configuration,
-        TSessionUser user, const IPasswords& passwords);
+        TSessionUser user, const IPasswords& passwords, TLoginGuard& guard);
 
     TRights& Rights() { return rights_; }
 

@@ -63,11 +63,25 @@ bool TRights::AskSupervisor(TForm& screen)
     step.buttons = TButtons::OkCancel;
     if (screen.Application().ShowDialog(step) != TModalResult::Ok)
         return false;
-    const bool vouched = IsSupervisor(step.value, step.password);
+    const auto refusal = Refusal(step.value, step.password);
     Forget(step.password);
-    if (!vouched)
-        screen.Mensagem("Supervisor ou senha inválidos.");
-    return vouched;
+    if (!refusal.empty())
+        screen.Mensagem(refusal);
+    return refusal.empty();
+}
+
+// Guesses are slowed down as at the login, apart for each user who makes them.
+std::string TRights::Refusal(std::string_view nameOrCode, std::string_view password)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (const auto wait = guard_.BeginAtOnce(nameOrCode, user_, now); wait > TLoginGuard::TDuration::zero())
+        return TLoginGuard::TooMany(wait);
+    if (IsSupervisor(nameOrCode, password)) {
+        guard_.Succeeded(nameOrCode, user_);
+        return {};
+    }
+    guard_.Failed(nameOrCode, user_, now);
+    return "Supervisor ou senha inválidos.";
 }
 
 bool TRights::IsSupervisor(std::string_view nameOrCode, std::string_view password)

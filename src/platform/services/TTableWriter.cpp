@@ -18,7 +18,7 @@ TTableWriter::TTableWriter(TOrvDatabase& database, std::string_view table, std::
     head_.Add(") VALUES (");
 }
 
-void TTableWriter::Row(std::initializer_list<TValue> values)
+void TTableWriter::Row(std::span<const TValue> values)
 {
     TStatement statement = head_;
     bool first = true;

@@ -3,6 +3,7 @@
 #include "host/TOrvDatabase.h"
 
 #include <initializer_list>
+#include <span>
 #include <string_view>
 
 namespace alinhavo {
@@ -15,7 +16,8 @@ public:
 
     /// One value for each column, in their order. The braces see to it that values are computed in that order, too. Commits
     /// nothing.
-    void Row(std::initializer_list<TValue> values);
+    void Row(std::initializer_list<TValue> values) { Row(std::span<const TValue>(values.begin(), values.size())); }
+    void Row(std::span<const TValue> values);
 
     int RowCount() const { return rows_; }
 

@@ -4,10 +4,11 @@
 
 namespace alinhavo {
 
-/// Every password is good: for the scripted user, who names a supervisor and has no password to type.
+/// Every password is good, and all are stored alike: for the scripted user, who has none that is worth keeping.
 class TTrustedPasswords final : public IPasswords {
 public:
     bool Matches(std::string_view, std::string_view) const override { return true; }
+    std::string Hash(std::string_view) const override { return "de roteiro"; }
 };
 
 } // namespace alinhavo

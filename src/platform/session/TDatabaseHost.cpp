@@ -61,6 +61,7 @@ std::unique_ptr<IWorkplace> TDatabaseHost::Open(
             .passwords = passwords_,
             .user = user,
             .company = options_.database.company,
+            .guard = guard_,
             .connected = connected,
             .openAside = [this] { return OpenDatabase(options_.address, options_.database); },
             .layouts = options_.layouts},

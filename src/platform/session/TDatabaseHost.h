@@ -3,6 +3,7 @@
 #include "platform/database/OpenDatabase.h"
 #include "platform/services/TConfiguration.h"
 #include "platform/services/THashedPasswords.h"
+#include "platform/services/TLoginGuard.h"
 #include "platform/services/TPreferences.h"
 #include "platform/session/ISessionHost.h"
 
@@ -38,6 +39,7 @@ public:
 private:
     const TDatabaseHostOptions options_;
     const THashedPasswords passwords_;
+    TLoginGuard guard_; ///< of the passwords that are asked for within the sessions
     const std::string nobodysPassword_; ///< what the password of a user who does not exist is compared with
     std::unique_ptr<TSqlDatabase> preferencesDatabase_;
     TPreferences preferences_;

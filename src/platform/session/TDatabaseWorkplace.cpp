@@ -36,6 +36,8 @@ TDatabaseWorkplace::TDatabaseWorkplace(std::unique_ptr<TSqlDatabase> database, c
               .passwords = ground.passwords,
               .openDatabase = OpenOther,
               .reports = &reports_,
+              .connected = &ground.connected,
+              .guard = &ground.guard,
           })
 {
     registerScreens(session_);

@@ -22,6 +22,7 @@ public:
         const IPasswords& passwords;
         TSessionUser user;
         std::string company;
+        TLoginGuard& guard;
         TConectados& connected;
         std::function<std::unique_ptr<TSqlDatabase>()> openAside; ///< for what is not the work of a screen
         std::filesystem::path layouts; ///< the delivered templates of reports; the factory's own come before them

@@ -136,10 +136,11 @@ std::string QueryOf(const THttpRequest& request, std::string_view name)
     return {};
 }
 
-std::string CookieOfLogin(const std::string& secret)
+std::string CookieOfLogin(const std::string& secret, bool encrypted)
 {
+    const std::string secure = encrypted ? "; Secure" : "";
     const std::string end = secret.empty() ? "; Max-Age=0" : "";
-    return std::string(SessionCookie) + "=" + secret + "; Path=/; HttpOnly; SameSite=Strict" + end;
+    return std::string(SessionCookie) + "=" + secret + "; Path=/; HttpOnly; SameSite=Strict" + secure + end;
 }
 
 THttpResponse AnswerJson(const THttpRequest& request, http::status status, const nlohmann::json& answer)
@@ -186,13 +187,13 @@ THttpResponse AnswerFile(const TStaticFiles& files, const THttpRequest& request)
     return response;
 }
 
-bool FromOwnPage(const THttpRequest& request)
+bool FromOwnPage(const THttpRequest& request, bool encrypted)
 {
     const auto origin = View(request[http::field::origin]);
     const auto host = View(request[http::field::host]);
     if (host.empty())
         return false;
-    return origin == "http://" + std::string(host) || origin == "https://" + std::string(host);
+    return origin == "https://" + std::string(host) || (!encrypted && origin == "http://" + std::string(host));
 }
 
 std::string CookieOf(const THttpRequest& request, std::string_view name)

@@ -29,14 +29,16 @@ THttpResponse AnswerDownload(
 THttpResponse AnswerReport(const THttpRequest& request, std::string html);
 /// A picture of the server to be shown, anything else as AnswerDownload.
 THttpResponse AnswerServerFile(const THttpRequest& request, const std::filesystem::path& file);
-/// The value of Set-Cookie that gives the client the secret of its login; an empty one takes it away.
-std::string CookieOfLogin(const std::string& secret);
+/// The value of Set-Cookie that gives the client the secret of its login; an empty one takes it away. When the server
+/// encrypts, the client says it over no connection that does not.
+std::string CookieOfLogin(const std::string& secret, bool encrypted);
 /// The request's target without what follows a "?".
 std::string PathOf(const THttpRequest& request);
 /// A value behind the "?", decoded; empty when it is not there.
 std::string QueryOf(const THttpRequest& request, std::string_view name);
-/// The request comes from a page of this server: its Origin names the host that the request was sent to.
-bool FromOwnPage(const THttpRequest& request);
+/// The request comes from a page of this server: its Origin names the host that the request was sent to, and https where the
+/// server encrypts. Where it does not, something before it may.
+bool FromOwnPage(const THttpRequest& request, bool encrypted);
 /// The value of a cookie, empty when it is not there.
 std::string CookieOf(const THttpRequest& request, std::string_view name);
 

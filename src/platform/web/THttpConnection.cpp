@@ -24,14 +24,14 @@ constexpr std::chrono::minutes PatienceWithFile(5);
 } // namespace
 
 THttpConnection::THttpConnection(
-    boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions)
-    : stream_(std::move(socket))
+    TClientStream stream, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions)
+    : stream_(std::move(stream))
     , files_(files)
     , api_(api)
     , sessions_(sessions)
 {
     beast::error_code gone;
-    if (const auto from = stream_.socket().remote_endpoint(gone); !gone)
+    if (const auto from = stream_.Socket().remote_endpoint(gone); !gone)
         address_ = from.address().to_string();
 }
 
@@ -40,7 +40,7 @@ void THttpConnection::Read()
     parser_.emplace();
     parser_->header_limit(MaxHeader);
     parser_->body_limit(TSessionFiles::MaxUpload);
-    stream_.expires_after(Patience);
+    stream_.ExpiresAfter(Patience);
     http::async_read_header(stream_, input_, *parser_,
         [self = shared_from_this()](beast::error_code error, std::size_t) { self->HeaderReceived(error); });
 }
@@ -59,7 +59,7 @@ void THttpConnection::HeaderReceived(beast::error_code error)
         return RefuseSize();
     parser_->body_limit(limit);
     if (file)
-        stream_.expires_after(PatienceWithFile);
+        stream_.ExpiresAfter(PatienceWithFile);
     http::async_read(stream_, input_, *parser_, [self = shared_from_this()](beast::error_code failed, std::size_t) {
         if (failed == http::error::body_limit)
             return self->RefuseSize();
@@ -90,10 +90,10 @@ void THttpConnection::Received(beast::error_code error)
 // The answer may take longer than the client's patience with a silent line: a wrong password waits.
 void THttpConnection::AskApi(const THttpRequest& request)
 {
-    stream_.expires_never();
+    stream_.ExpiresNever();
     api_.Answer(request, address_, [self = shared_from_this()](THttpResponse response) {
         boost::asio::post(self->stream_.get_executor(), [self, response = std::move(response)]() mutable {
-            self->stream_.expires_after(Patience);
+            self->stream_.ExpiresAfter(Patience);
             self->Answer(std::move(response));
         });
     });
@@ -103,7 +103,7 @@ void THttpConnection::BecomeMessages(const THttpRequest& request)
 {
     if (PathOf(request) != SessionPath)
         return Answer(AnswerText(request, http::status::not_found, "Página não encontrada."));
-    if (!FromOwnPage(request))
+    if (!FromOwnPage(request, stream_.Encrypted()))
         return Answer(AnswerText(request, http::status::forbidden, "Acesso negado a partir de outra página."));
     const auto secret = CookieOf(request, SessionCookie);
     if (!sessions_.UserOf(secret))
@@ -120,7 +120,7 @@ void THttpConnection::Answer(THttpResponse response)
             return;
         if (answer->keep_alive())
             return self->Read();
-        self->stream_.socket().shutdown(boost::asio::ip::tcp::socket::shutdown_send, error);
+        self->stream_.Socket().shutdown(boost::asio::ip::tcp::socket::shutdown_send, error);
     });
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/web/TClientStream.h"
 #include "platform/web/THttpAnswer.h"
 
-#include <boost/beast/core.hpp>
 #include <memory>
 #include <optional>
 
@@ -16,8 +16,7 @@ class TWebApi;
 class THttpConnection final : public std::enable_shared_from_this<THttpConnection> {
 public:
     /// What it refers to outlives it.
-    THttpConnection(
-        boost::asio::ip::tcp::socket socket, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions);
+    THttpConnection(TClientStream stream, const TStaticFiles& files, TWebApi& api, TSessionRegistry& sessions);
 
     void Read();
 
@@ -29,7 +28,7 @@ private:
     void BecomeMessages(const THttpRequest& request);
     void Answer(THttpResponse response);
 
-    boost::beast::tcp_stream stream_;
+    TClientStream stream_;
     std::string address_; ///< of the client
     const TStaticFiles& files_;
     TWebApi& api_;

@@ -1,8 +1,10 @@
 #include "platform/web/TSessionRegistry.h"
 
+#include "platform/session/clock.h"
 #include "platform/web/randomText.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace alinhavo {
@@ -101,18 +103,20 @@ std::vector<TConectado> TSessionRegistry::Lista() const
     const std::lock_guard lock(mutex_);
     std::vector<TConectado> list;
     for (const auto& [name, session] : sessions_) {
-        if (!session->Ended())
+        if (!session->Ending())
             list.push_back(session->Note());
     }
-    std::ranges::sort(list, {}, &TConectado::desde);
+    std::ranges::sort(list, {}, [](const TConectado& each) { return std::tie(each.desde, each.usuario, each.id); });
     return list;
 }
+
+TDateTime TSessionRegistry::Agora() const { return ClockNow(); }
 
 bool TSessionRegistry::Encerra(std::string_view id, std::string_view motivo)
 {
     const std::lock_guard lock(mutex_);
     const auto found = sessions_.find(id);
-    if (found == sessions_.end() || found->second->Ended())
+    if (found == sessions_.end() || found->second->Ending())
         return false;
     found->second->End(motivo);
     return true;

@@ -51,7 +51,9 @@ public:
     /// No further session may begin.
     bool Full() const;
 
+    /// The longest at work first.
     std::vector<TConectado> Lista() const override;
+    TDateTime Agora() const override;
     bool Encerra(std::string_view id, std::string_view motivo) override;
 
     /// Ends those that were not used for too long, and lets go of those that have ended.

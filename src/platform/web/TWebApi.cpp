@@ -68,13 +68,14 @@ std::string TextOf(const json& object, const char* member)
 
 } // namespace
 
-TWebApi::TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-    TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand)
+TWebApi::TWebApi(
+    boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions, const TOptions& options)
     : context_(context)
     , host_(host)
     , sessions_(sessions)
-    , pdf_(pdfCommand)
-    , guard_(firstPenalty)
+    , encrypted_(options.encrypted)
+    , pdf_(options.pdfCommand)
+    , guard_(options.firstPenalty)
 {
 }
 
@@ -123,7 +124,7 @@ void TWebApi::Answer(const THttpRequest& request, const std::string& address, TR
         Routes(), [&](const TRoute& each) { return each.Holds(path) && each.verb == request.method(); });
     if (route == Routes().end())
         return call.Refuse(http::status::method_not_allowed, "Método não permitido.");
-    if (request.find(http::field::origin) != request.end() && !FromOwnPage(request))
+    if (request.find(http::field::origin) != request.end() && !FromOwnPage(request, encrypted_))
         return call.Refuse(http::status::forbidden, OtherPage);
     if (!route->open) {
         call.secret = CookieOf(request, SessionCookie);
@@ -191,7 +192,7 @@ try {
     if (const auto notice = host_.TakeNotice(*user); !notice.empty())
         welcome["aviso"] = notice;
     auto response = AnswerJson(call.request, http::status::ok, welcome);
-    response.set(http::field::set_cookie, CookieOfLogin(sessions_.LogIn(*user)));
+    response.set(http::field::set_cookie, CookieOfLogin(sessions_.LogIn(*user), encrypted_));
     call.reply(std::move(response));
 } catch (const std::exception& error) {
     call.Refuse(http::status::internal_server_error, error.what());
@@ -208,7 +209,7 @@ void TWebApi::GoOut(const TCall& call)
         session->End("");
     auto response = AnswerJson(call.request, http::status::ok, json::object());
     if (!sessions_.LogOut(call.secret, session ? session->Id() : std::string()))
-        response.set(http::field::set_cookie, CookieOfLogin({}));
+        response.set(http::field::set_cookie, CookieOfLogin({}, encrypted_));
     call.reply(std::move(response));
 }
 
@@ -243,7 +244,7 @@ std::shared_ptr<TWebSession> TWebApi::SessionOf(const TCall& call) const
 // A page elsewhere must not bring files: here the Origin may not be missing.
 void TWebApi::TakeFile(const TCall& call)
 {
-    if (!FromOwnPage(call.request))
+    if (!FromOwnPage(call.request, encrypted_))
         return call.Refuse(http::status::forbidden, OtherPage);
     const auto session = SessionOf(call);
     if (!session)

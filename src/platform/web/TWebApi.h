@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/report/TPdfPrinter.h"
+#include "platform/services/TLoginGuard.h"
 #include "platform/services/TSessionUser.h"
 #include "platform/web/THttpAnswer.h"
-#include "platform/web/TLoginGuard.h"
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/thread_pool.hpp>
@@ -27,9 +27,14 @@ public:
     /// Called once, from any thread.
     using TReply = std::function<void(THttpResponse)>;
 
+    struct TOptions {
+        TLoginGuard::TDuration firstPenalty; ///< of the first wrong password too many
+        std::string_view pdfCommand;
+        bool encrypted = false; ///< the connections are
+    };
+
     /// What it refers to outlives it.
-    TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions,
-        TLoginGuard::TDuration firstPenalty, std::string_view pdfCommand);
+    TWebApi(boost::asio::io_context& context, ISessionHost& host, TSessionRegistry& sessions, const TOptions& options);
     /// Waits for the password that is being looked at and the file that is being read.
     ~TWebApi();
     TWebApi(const TWebApi&) = delete;
@@ -75,6 +80,7 @@ private:
     boost::asio::io_context& context_;
     ISessionHost& host_;
     TSessionRegistry& sessions_;
+    const bool encrypted_;
     const TPdfPrinter pdf_;
     TLoginGuard guard_;
     boost::asio::thread_pool files_{1}; ///< a slow disk holds up no connection

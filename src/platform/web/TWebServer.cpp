@@ -3,6 +3,7 @@
 #include "platform/web/THttpConnection.h"
 #include "platform/web/TSessionRegistry.h"
 #include "platform/web/TStaticFiles.h"
+#include "platform/web/TTlsHandshake.h"
 #include "platform/web/TWebApi.h"
 
 #include <boost/asio/io_context.hpp>
@@ -10,6 +11,7 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <boost/asio/strand.hpp>
+#include <optional>
 
 namespace alinhavo {
 
@@ -28,12 +30,17 @@ public:
     TImpl(const TWebOptions& options, ISessionHost& host)
         : files_(options.clientFolder)
         , sessions_(host, options.limits)
-        , api_(context_, host, sessions_, options.loginPenalty, options.pdfCommand)
+        , api_(context_, host, sessions_,
+              {.firstPenalty = options.loginPenalty,
+                  .pdfCommand = options.pdfCommand,
+                  .encrypted = !options.certificate.certificate.empty()})
         , acceptor_(context_, tcp::endpoint(net::ip::make_address(options.address), options.port))
         , timer_(context_)
         , sweeper_(context_)
         , sweep_(options.sweep)
     {
+        if (!options.certificate.certificate.empty())
+            tls_.emplace(ReadCertificate(options.certificate));
         Accept();
         SweepLater();
         for (int thread = 0; thread < options.threads; ++thread)
@@ -69,9 +76,20 @@ private:
                 return AcceptLater();
             boost::system::error_code ignored;
             socket.set_option(tcp::no_delay(true), ignored);
-            std::make_shared<THttpConnection>(std::move(socket), files_, api_, sessions_)->Read();
+            Receive(TClientStream::TTcp(std::move(socket)));
             Accept();
         });
+    }
+
+    void Receive(TClientStream::TTcp stream)
+    {
+        const auto begin = [this](TClientStream client) {
+            std::make_shared<THttpConnection>(std::move(client), files_, api_, sessions_)->Read();
+        };
+        if (tls_)
+            std::make_shared<TTlsHandshake>(std::move(stream), *tls_, begin)->Begin();
+        else
+            begin(TClientStream(std::move(stream)));
     }
 
     // Out of file descriptors, mostly: some are given back soon.
@@ -95,6 +113,7 @@ private:
         });
     }
 
+    std::optional<net::ssl::context> tls_;
     net::io_context context_;
     TStaticFiles files_;
     TSessionRegistry sessions_;

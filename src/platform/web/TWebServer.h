@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/web/TCertificate.h"
 #include "platform/web/TSessionRegistry.h"
 
 #include <chrono>
@@ -14,6 +15,7 @@ struct TWebOptions {
     std::string address = "127.0.0.1";
     std::uint16_t port = 8080; ///< 0: any that is free
     std::filesystem::path clientFolder; ///< the built client
+    TCertificateFiles certificate = {}; ///< without one the connections are not encrypted
     int threads = 2; ///< for the connections; each session has one of its own besides
     TSessionLimits limits;
     std::string pdfCommand; ///< the program that prints reports into PDF; empty: there is no PDF

@@ -6,6 +6,7 @@
 #include "platform/session/ISessionHost.h"
 #include "platform/web/IClientLink.h"
 #include "platform/web/TClientMessage.h"
+#include "platform/web/TConnectedSeen.h"
 #include "platform/web/TDialogStack.h"
 #include "platform/web/TScreenImage.h"
 #include "platform/web/TSessionFiles.h"
@@ -60,6 +61,8 @@ public:
     /// Until its thread is done.
     void Wait();
     bool Ended() const;
+    /// Its end was asked for, and may not have come yet.
+    bool Ending() const;
     /// When its user last did something.
     std::chrono::steady_clock::time_point LastUse() const;
     TConectado Note() const;
@@ -114,6 +117,7 @@ private:
     bool TakeFile(TUserEvent& event) const;
     void PassOver(std::int64_t number);
     void GiveRows(const TClientMessage& message);
+    void OrderRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
     /// Begins a new turn when what the user types would go elsewhere, or into another text, than the client was told.
     void NoteTurn();
@@ -135,7 +139,7 @@ private:
     const std::string id_;
     const TSessionUser user_;
     ISessionHost& host_;
-    TConectados& connected_;
+    TConnectedSeen connected_;
 
     // Shared with the threads of the connections.
     mutable std::mutex mutex_;

@@ -17,7 +17,7 @@ constexpr std::size_t MaxOutput = 10'000; ///< messages that a client may leave 
 
 } // namespace
 
-TWebSocketConnection::TWebSocketConnection(beast::tcp_stream stream, std::shared_ptr<TWebSession> session)
+TWebSocketConnection::TWebSocketConnection(TClientStream stream, std::weak_ptr<TWebSession> session)
     : stream_(std::move(stream))
     , session_(std::move(session))
 {
@@ -25,16 +25,17 @@ TWebSocketConnection::TWebSocketConnection(beast::tcp_stream stream, std::shared
 
 void TWebSocketConnection::Accept(const THttpRequest& request, const std::string& why)
 {
-    beast::get_lowest_layer(stream_).expires_never();
+    stream_.next_layer().ExpiresNever();
     websocket::stream_base::timeout timeout{std::chrono::seconds(30), std::chrono::seconds(40), true};
     stream_.set_option(timeout);
     stream_.read_message_max(TClientMessage::MaxBytes);
     stream_.async_accept(request, [self = shared_from_this(), why](beast::error_code error) {
         if (error)
             return;
-        if (!self->session_)
+        const auto session = self->session_.lock();
+        if (!session)
             return self->Dismiss(why);
-        self->session_->Attach(self);
+        session->Attach(self);
         self->Read();
     });
 }
@@ -54,10 +55,13 @@ void TWebSocketConnection::Read()
 
 void TWebSocketConnection::Received(beast::error_code error)
 {
+    const auto session = session_.lock();
+    if (!session)
+        return;
     if (error)
-        return session_->Detach(*this);
+        return session->Detach(*this);
     const auto data = input_.cdata();
-    session_->Receive(*this, {static_cast<const char*>(data.data()), data.size()});
+    session->Receive(*this, {static_cast<const char*>(data.data()), data.size()});
     input_.consume(input_.size());
     Read();
 }
@@ -83,7 +87,7 @@ void TWebSocketConnection::Queue(std::string message)
         return;
     output_.push_back(std::move(message));
     if (output_.size() > MaxOutput)
-        return beast::get_lowest_layer(stream_).cancel();
+        return stream_.next_layer().Cancel();
     if (output_.size() == 1)
         WriteNext();
 }

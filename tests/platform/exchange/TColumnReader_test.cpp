@@ -8,7 +8,8 @@ namespace {
 using enum TColumnKind;
 
 constexpr TColumnDecl text4{"TAM", Text, 4};
-constexpr TColumnDecl flag{"ATIVO", Text, 1};
+constexpr TColumnDecl flag{.name = "ATIVO", .kind = Text, .width = 1, .choices = yesNo};
+constexpr TColumnDecl kind{.name = "TIPO", .kind = Text, .width = 1, .choices = "E=Entrada,S=Saída"};
 constexpr TColumnDecl number{"PRECO", Float};
 constexpr TColumnDecl whole{"ORDEM", Integer};
 constexpr TColumnDecl day{"DATA", Date};
@@ -97,13 +98,25 @@ TEST(ColumnReader, WidthIsCountedInCharacters)
     EXPECT_EQ(Read(text4, {"GG      "}), "GG") << "texts are kept without trailing blanks";
 }
 
-TEST(ColumnReader, SimAndNaoAreFlags)
+TEST(ColumnReader, AChoiceIsGivenByItsValueOrByWhatItMeans)
 {
     for (const char* cell : {"S", "s", "Sim", "SIM", " sim "})
         EXPECT_EQ(Read(flag, {cell}), "S") << cell;
     for (const char* cell : {"N", "n", "Não", "nao", "NÃO"})
         EXPECT_EQ(Read(flag, {cell}), "N") << cell;
+    EXPECT_EQ(Read(kind, {"saida"}), "S");
     EXPECT_EQ(Read(text4, {"Sim"}), "Sim");
+    const TColumnDecl numbered{.name = "IND_PAG", .kind = Integer, .choices = "1=Primeira,2=Segunda"};
+    EXPECT_EQ(Read(numbered, {"2"}), "2");
+    EXPECT_EQ(Read(numbered, {2.0}), "2");
+    EXPECT_EQ(Read(numbered, {"segunda"}), "2");
+    EXPECT_EQ(Read(numbered, {"3"}), "!Só pode ser 1 (Primeira), 2 (Segunda).");
+}
+
+TEST(ColumnReader, WhatIsNoChoiceIsToldWithThoseThatAre)
+{
+    EXPECT_EQ(Read(flag, {"X"}), "!Só pode ser S (Sim), N (Não).");
+    EXPECT_EQ(Read(kind, {"--"}), "!Só pode ser E (Entrada), S (Saída).");
 }
 
 TEST(ColumnReader, ANumberOfASpreadsheetIsATextWhereTheColumnIs)

@@ -28,13 +28,15 @@ std::vector<std::string> Lines(std::string_view bytes)
 
 std::string Form(std::string_view bytes) { return ReadSeparatedText(bytes).form; }
 
-TEST(SeparatedText, TheSeparatorIsTheOneThatTheFirstLineHasMostOf)
+TEST(SeparatedText, TheSeparatorIsTheFirstOfTabSemicolonAndCommaThatTheTitlesHave)
 {
     EXPECT_THAT(Lines("A;B,C;D\n1;2,5;3\n"), ElementsAre("1|A|B,C|D", "2|1|2,5|3"));
     EXPECT_THAT(Lines("A,B\n1,2\n"), ElementsAre("1|A|B", "2|1|2"));
     EXPECT_THAT(Lines("A\tB\n1,5\t2;3\n"), ElementsAre("1|A|B", "2|1,5|2;3"));
     EXPECT_EQ(Form("A\tB\n"), "CSV, UTF-8, separado por tabulação");
-    EXPECT_EQ(Form("\n\nA,B,C;D\n;;;;\n"), "CSV, UTF-8, separado por ,");
+    EXPECT_THAT(
+        Lines("Código;Tipo (1 foto, 2 medida, 3 outro)\n"), ElementsAre("1|Código|Tipo (1 foto, 2 medida, 3 outro)"));
+    EXPECT_EQ(Form("\n\nA,B\n;;;;\n"), "CSV, UTF-8, separado por ,");
 }
 
 TEST(SeparatedText, ASeparatorWithinQuotesDoesNotCount)

@@ -87,7 +87,8 @@ TEST_P(TRightsTest, APasswordIsChecked)
     db->ExecSQL(
         TStatement("INSERT INTO ACESSO_USUARIOS (CODIGO, NOME, SUPERVISOR, SENHA) VALUES ('009', 'MARIA', 'S', ?)",
             hashed.Hash("açúcar")));
-    TRights rights(*db, "001", hashed);
+    TLoginGuard guard;
+    TRights rights(*db, "001", hashed, guard);
     bool good = false;
     user.Says(TModalResult::Ok, "MARIA", "acucar");
     Do([&] { good = rights.AskSupervisor(*form); });

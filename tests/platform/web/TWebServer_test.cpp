@@ -160,8 +160,11 @@ public:
         ++tries;
         return password == "demo" ? std::optional(TSessionUser{std::string(name), "Ana"}) : std::nullopt;
     }
-    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
+    std::unique_ptr<IWorkplace> Open(
+        const TSessionUser& user, IEventSource& source, IView& view, TConectados& connected) override
     {
+        const std::lock_guard lock(mutex);
+        seenBy[user.code] = &connected;
         return std::make_unique<TTestWorkplace>(source, view, pendingSince);
     }
     TClientSettings Settings(const TSessionUser& user) override { return settings[user.code]; }
@@ -185,6 +188,7 @@ public:
     std::atomic<int> tries = 0;
     std::map<std::string, TClientSettings> settings;
     std::mutex mutex;
+    std::map<std::string, TConectados*> seenBy; ///< who is at work, as the last session of each user sees it
     std::string notice;
 };
 
@@ -579,6 +583,29 @@ TEST_F(WebServer, TheEndOfAnIdleSessionIsToldAtTheNextLogin)
     EXPECT_NE(welcome["aviso"].get<std::string>().find("foi desfeito"), std::string::npos);
 }
 
+TEST_F(WebServer, ASessionThatAnotherOneEndsIsToldWhyAndIsGone)
+{
+    host_.pendingSince = ClockNow();
+    TWebClient ana(Port(), {.user = "ANA"});
+    const TWebClient maria(Port(), {.user = "MARIA"});
+    auto& seen = *host_.seenBy.at("MARIA");
+    const auto list = seen.Lista();
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0].usuario, "ANA");
+    EXPECT_FALSE(list[0].propria);
+    EXPECT_FALSE(list[0].pendenteDesde.IsBlank());
+    EXPECT_EQ(list[0].telas, std::vector<std::string>{"Teste"});
+    EXPECT_TRUE(list[1].propria);
+
+    EXPECT_FALSE(seen.Encerra(list[1].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_TRUE(seen.Encerra(list[0].id, "A sessão foi encerrada por MARIA."));
+    EXPECT_EQ(seen.Lista().size(), 1U);
+    EXPECT_FALSE(seen.Encerra(list[0].id, "outra vez"));
+    while (!ana.State().contains("ended"))
+        ana.Receive();
+    EXPECT_TRUE(ana.State()["ended"].get<std::string>().starts_with("A sessão foi encerrada por MARIA. O que não foi"));
+}
+
 TEST_F(WebServer, SettingsAreKeptForTheirUser)
 {
     const auto cookie = LogIn(Port(), "ANA");
@@ -731,6 +758,26 @@ TEST_F(WebServer, AGridIsGivenAlsoWhileAQuestionWaits)
     const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = asked.client.Cookie()});
     EXPECT_EQ(csv.result(), http::status::ok);
     EXPECT_FALSE(asked.Answer(Upload(asked.client, "foto.png", "pixels")).contains("refused"));
+}
+
+TEST_F(WebServer, AGridStandsInTheOrderThatItsUserChoseAlsoAsAFile)
+{
+    TWebClient client(Port());
+    client.Do(
+        {{"event", "sort"}, {"form", "fmTeste"}, {"control", "dbgTextos"}, {"column", "texto"}, {"descending", false}});
+    EXPECT_EQ(client.Property("dbgTextos", "sortColumn"), "Texto");
+    EXPECT_EQ(client.Property("dbgTextos", "rows")[0][1][1], "-x");
+    const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = client.Cookie()}).body();
+    EXPECT_LT(csv.find("-x"), csv.find("Zinco"));
+    client.Do({{"event", "title"}, {"form", "fmTeste"}, {"control", "dbgTextos"}, {"column", "Texto"}});
+    EXPECT_EQ(client.Property("dbgTextos", "sortDescending"), true);
+    EXPECT_EQ(client.Property("dbgTextos", "rows")[0][1][1], "Zinco");
+
+    for (const auto& [control, column] : {std::pair{"dbgTextos", "Nada"}, {"edtPrimeiro", "Texto"}, {"x", "Texto"}}) {
+        const auto answer = client.Do(
+            {{"event", "sort"}, {"form", "fmTeste"}, {"control", control}, {"column", column}, {"descending", true}});
+        EXPECT_TRUE(answer.contains("refused")) << control << ' ' << column;
+    }
 }
 
 TEST_F(WebServer, AReportIsGivenWhileItsDialogIsOpen)

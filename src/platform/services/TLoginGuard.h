@@ -24,6 +24,10 @@ public:
 
     /// How long the try has to wait before its password is looked at. Longer than `Longest`: it is not to be looked at.
     TDuration Begin(std::string_view user, std::string_view address, TTime now);
+    /// For a try that does not wait. Zero: its password is looked at, now. Otherwise it is not, and none is for so long.
+    TDuration BeginAtOnce(std::string_view user, std::string_view address, TTime now);
+    /// What a user is told whose password is not looked at.
+    static std::string TooMany(TDuration wait);
     void Failed(std::string_view user, std::string_view address, TTime now);
     void Succeeded(std::string_view user, std::string_view address);
 

@@ -1,10 +1,11 @@
-#include "platform/web/TLoginGuard.h"
+#include "platform/services/TLoginGuard.h"
 
 #include <gtest/gtest.h>
 
 namespace alinhavo {
 namespace {
 
+using std::chrono::milliseconds;
 using std::chrono::minutes;
 using std::chrono::seconds;
 
@@ -58,6 +59,36 @@ TEST(LoginGuard, TheRightPasswordAndTimeForgive)
         guard.Failed("ANA", "10.0.0.1", start);
     guard.Succeeded("ANA", "10.0.0.1");
     EXPECT_EQ(guard.Begin("ANA", "10.0.0.1", start), seconds(0));
+}
+
+TEST(LoginGuard, ATryThatDoesNotWaitIsNotLookedAtBeforeItsTime)
+{
+    TLoginGuard guard;
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(guard.BeginAtOnce("ANA", "", start), seconds(0));
+        guard.Failed("ANA", "", start);
+    }
+    EXPECT_EQ(guard.BeginAtOnce("ANA", "", start), seconds(1));
+    EXPECT_EQ(guard.BeginAtOnce("ANA", "", start + milliseconds(999)), milliseconds(1));
+    EXPECT_EQ(guard.BeginAtOnce("ANA", "", start + seconds(1)), seconds(0));
+    EXPECT_GT(guard.BeginAtOnce("ANA", "", start + seconds(1)), seconds(0)) << "of two at once one is looked at";
+}
+
+TEST(LoginGuard, WhatIsNotLookedAtDoesNotLengthenTheWait)
+{
+    TLoginGuard guard;
+    for (int i = 0; i < 2; ++i)
+        guard.Failed("ANA", "", start);
+    for (int i = 0; i < 100; ++i)
+        EXPECT_EQ(guard.BeginAtOnce("ANA", "", start), seconds(1));
+}
+
+TEST(LoginGuard, TellsForHowLong)
+{
+    EXPECT_EQ(
+        TLoginGuard::TooMany(milliseconds(1)), "Muitas tentativas com senha errada. Espere 1 segundo e tente de novo.");
+    EXPECT_EQ(TLoginGuard::TooMany(milliseconds(3001)),
+        "Muitas tentativas com senha errada. Espere 4 segundos e tente de novo.");
 }
 
 } // namespace

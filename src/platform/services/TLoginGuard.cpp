@@ -1,4 +1,4 @@
-#include "platform/web/TLoginGuard.h"
+#include "platform/services/TLoginGuard.h"
 
 #include "forms/text.h"
 
@@ -31,6 +31,27 @@ TLoginGuard::TDuration TLoginGuard::Begin(std::string_view user, std::string_vie
     if (wait <= Longest)
         failures.next = now + wait + Penalty(failures);
     return wait;
+}
+
+TLoginGuard::TDuration TLoginGuard::BeginAtOnce(std::string_view user, std::string_view address, TTime now)
+{
+    const std::lock_guard lock(mutex_);
+    Forget(now);
+    const auto found = failures_.find(KeyOf(user, address));
+    if (found == failures_.end())
+        return {};
+    auto& failures = found->second;
+    if (failures.next > now)
+        return failures.next - now;
+    failures.next = now + Penalty(failures);
+    return {};
+}
+
+std::string TLoginGuard::TooMany(TDuration wait)
+{
+    const auto seconds = std::chrono::ceil<std::chrono::seconds>(wait).count();
+    return "Muitas tentativas com senha errada. Espere " + std::to_string(seconds)
+        + (seconds == 1 ? " segundo" : " segundos") + " e tente de novo.";
 }
 
 void TLoginGuard::Failed(std::string_view user, std::string_view address, TTime now)
