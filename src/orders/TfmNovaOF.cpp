@@ -58,8 +58,8 @@ TfmNovaOF::TfmNovaOF(TApplication& application)
     PqTabela.OnFechaPesquisa.connect(this, &TfmNovaOF::PqTabelaFechaPesquisa);
     PqCor.OnFechaPesquisa.connect(this, &TfmNovaOF::PqCorFechaPesquisa);
 
+    MontaColunas();
     Fecha();
-    edtNumero.SetFocus();
 }
 
 // Modes
@@ -71,8 +71,7 @@ void TfmNovaOF::Abre(TModo modo)
     pnlControle.SetVisible(!aberta);
     pnlConfirma.SetVisible(aberta);
     edtNumero.SetEnabled(modo != TModo::Alteracao);
-    for (TControl* campo :
-        std::initializer_list<TControl*>{&edtProduto, &linhaCliente, &linhaPrazo, &linhaPreco, &edtObs})
+    for (TControl* campo : std::initializer_list<TControl*>{&edtProduto, &edtCliente, &linhaPedido, &linhaPreco})
         campo->SetEnabled(aberta);
     dbgGrade.SetReadOnly(!aberta);
     TbGrade.CanInsert = aberta;

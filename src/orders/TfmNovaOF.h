@@ -69,25 +69,25 @@ public:
     TEdit edtNumero{linhaProduto, "edtNumero", {.caption = "OF", .maxLength = 6, .lookup = true}};
     TEdit edtProduto{linhaProduto, "edtProduto", {.caption = "Produto", .maxLength = 15, .lookup = true}};
     TLabel lblProduto{linhaProduto, "lblProduto"};
-    TRow linhaCliente{gbOrdem, "linhaCliente"};
-    TEdit edtCliente{linhaCliente, "edtCliente", {.caption = "Cliente", .maxLength = 5, .lookup = true}};
-    TLabel lblCliente{linhaCliente, "lblCliente"};
-    TEdit edtPedido{linhaCliente, "edtPedido", {.caption = "Pedido", .maxLength = 12, .lookup = true}};
-    TCheckBox cbPedido{linhaCliente, "cbPedido",
-        {.caption = "&Gerar o pedido com esta grade",
+    TEdit edtCliente{linhaProduto, "edtCliente", {.caption = "Cliente", .maxLength = 5, .lookup = true}};
+    TLabel lblCliente{linhaProduto, "lblCliente"};
+    TRow linhaPedido{gbOrdem, "linhaPedido"};
+    TEdit edtPedido{linhaPedido, "edtPedido", {.caption = "Pedido", .maxLength = 12, .lookup = true}};
+    TCheckBox cbPedido{linhaPedido, "cbPedido",
+        {.caption = "Gerar o &pedido com esta grade",
             .hint = "Grava também o pedido de venda do cliente. Sem número, recebe o próximo livre."}};
-    TRow linhaPrazo{gbOrdem, "linhaPrazo"};
-    TDateEdit edtDtInicio{linhaPrazo, "edtDtInicio", {.caption = "Início"}};
-    TDateEdit edtDtEntrega{linhaPrazo, "edtDtEntrega", {.caption = "Entrega"}};
-    TEdit edtPeriodo{linhaPrazo, "edtPeriodo", {.caption = "Período", .maxLength = 6, .lookup = true}};
-    TLabel lblPeriodo{linhaPrazo, "lblPeriodo"};
-    TEdit edtProgramacao{linhaPrazo, "edtProgramacao", {.caption = "Programação", .maxLength = 8}};
+    TDateEdit edtDtInicio{linhaPedido, "edtDtInicio", {.caption = "Início"}};
+    TDateEdit edtDtEntrega{linhaPedido, "edtDtEntrega", {.caption = "Entrega"}};
+    TEdit edtPeriodo{linhaPedido, "edtPeriodo", {.caption = "Período", .maxLength = 6, .lookup = true}};
+    TLabel lblPeriodo{linhaPedido, "lblPeriodo"};
     TRow linhaPreco{gbOrdem, "linhaPreco"};
+    TEdit edtProgramacao{linhaPreco, "edtProgramacao", {.caption = "Programação", .maxLength = 8}};
     TEdit edtTipoOP{linhaPreco, "edtTipoOP", {.caption = "Tipo de OP", .maxLength = 3, .lookup = true}};
     TLabel lblTipoOP{linhaPreco, "lblTipoOP"};
     TEdit edtTabela{linhaPreco, "edtTabela", {.caption = "Tabela de preços", .maxLength = 3, .lookup = true}};
     TLabel lblTabela{linhaPreco, "lblTabela"};
-    TMemo edtObs{gbOrdem, "edtObs", {.caption = "Observação", .maxLength = 8000, .lines = 2}};
+    TMemo edtObs{linhaPreco, "edtObs", {.caption = "Observação", .maxLength = 8000, .lines = 1}};
+    TNumberEdit edtTotal{linhaPreco, "edtTotal", {.caption = "Total de peças", .readOnly = true}};
 
     TGrid dbgPartes{*this, "dbgPartes", TbPartes,
         {.caption = "Partes e fluxos do produto",
@@ -97,17 +97,15 @@ public:
                 {.field = "DescFluxo", .title = "Descrição do fluxo", .width = 24},
                 {.field = "Setores", .title = "Setores", .width = 40},
                 {.field = "Pendencia", .title = "Pendência", .width = 30}},
-            .lines = 3,
+            .lines = 2,
             .readOnly = true,
             .tabStop = false}};
     TGrid dbgGrade{*this, "dbgGrade", TbGrade,
-        {.caption = "Gra&de: cores por tamanho",
+        {.caption = "&Grade: cores por tamanho",
             .hint = "F4 na cor procura uma ou várias cores. Uma grade copiada da planilha pode ser colada.",
             .onExit = TGridExit::KeepsRow,
             .lines = 8,
             .totals = true}};
-    TRow linhaTotal{*this, "linhaTotal"};
-    TNumberEdit edtTotal{linhaTotal, "edtTotal", {.caption = "Total de peças", .readOnly = true}};
 
     TPesquisa PqOF{*this, "PqOF", {.BuscaTabela = "OF1", .BuscaCampo = "NUMERO"}};
     TPesquisa PqProduto{*this, "PqProduto", {.BuscaTabela = "PRODUTO", .BuscaCampo = "CODIGO"}};

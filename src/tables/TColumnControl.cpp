@@ -22,7 +22,8 @@ TColumnControl::TColumnControl(TfmTabela& screen, TContainer& place, TOrvTable& 
     : screen_(screen)
     , row_(row)
     , column_(column)
-    , control_(MakeControl(place))
+    , pair_(MakePair(place))
+    , control_(MakeControl(pair_ ? *pair_ : place))
 {
     control_->OnExit.connect(this, &TColumnControl::Exit);
     const auto reference = ReferenceOf(column);
@@ -32,8 +33,15 @@ TColumnControl::TColumnControl(TfmTabela& screen, TContainer& place, TOrvTable& 
         TPesquisaOptions{.BuscaTabela = reference.table->name, .BuscaCampo = reference.column->name});
     lookup_->Serve(*control_);
     lookup_->OnFechaPesquisa.connect(this, &TColumnControl::Picked);
-    if (!reference.table->description.empty())
-        meaning_ = std::make_unique<TLabel>(place, Name("lbl"));
+    if (pair_)
+        meaning_ = std::make_unique<TLabel>(*pair_, Name("lbl"));
+}
+
+std::unique_ptr<TRow> TColumnControl::MakePair(TContainer& place) const
+{
+    const auto reference = ReferenceOf(column_);
+    const bool hasMeaning = reference.table && !reference.table->description.empty();
+    return hasMeaning ? std::make_unique<TRow>(place, Name("linha")) : nullptr;
 }
 
 std::string TColumnControl::Name(std::string_view kind) const { return std::string(kind) + std::string(column_.name); }

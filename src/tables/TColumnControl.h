@@ -2,6 +2,7 @@
 
 #include "forms/TFieldControl.h"
 #include "forms/TLabel.h"
+#include "forms/TRow.h"
 #include "host/TOrvTable.h"
 #include "host/TPesquisa.h"
 
@@ -24,6 +25,7 @@ public:
     void ShowMeaning();
 
 private:
+    std::unique_ptr<TRow> MakePair(TContainer& place) const;
     std::unique_ptr<TFieldControl> MakeControl(TContainer& place);
     std::unique_ptr<TFieldControl> MakeText(TContainer& place);
     std::unique_ptr<TFieldControl> MakeChoice(TContainer& place);
@@ -34,6 +36,7 @@ private:
     TfmTabela& screen_;
     TOrvTable& row_;
     const TColumnDecl& column_;
+    std::unique_ptr<TRow> pair_; ///< holds a code and its meaning together
     std::unique_ptr<TFieldControl> control_;
     std::unique_ptr<TPesquisa> lookup_;
     std::unique_ptr<TLabel> meaning_;

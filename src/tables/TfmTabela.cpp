@@ -17,6 +17,8 @@ constexpr std::size_t mostListed = 1000;
 constexpr double mostCounted = 100'000;
 constexpr int widestSearched = 100;
 constexpr int widestColumn = 40;
+/// Up to so many columns fill the width of the list.
+constexpr std::size_t fewColumns = 6;
 constexpr std::size_t longestKey = 60;
 constexpr std::size_t longestLog = 8000;
 
@@ -75,8 +77,8 @@ bool IsFilteredByPart(const TColumnDecl& column)
 
 TfmTabela::TfmTabela(TApplication& application, const TTableDecl& tabela)
     : TOrvForm(application, TableScreen(tabela), std::string(tabela.caption))
-    , tbLinha(*this, "tbLinha", Database(), tabela.name)
     , tabela_(tabela)
+    , tbLinha(*this, "tbLinha", Database(), tabela.name)
     , chave_(Replace(tabela.key, ",", ";"))
 {
     OnClose.connect(this, &TfmTabela::TelaClose);
@@ -143,14 +145,22 @@ TContainer& TfmTabela::LugarDe(const TColumnDecl& coluna)
     return IsMemo(coluna) ? linhaTextos : linhaCampos;
 }
 
+int TfmTabela::LinhasDaLista(const TTableDecl& tabela)
+{
+    const auto colunas = SeenColumns(tabela).size();
+    return colunas > 20 ? 6 : colunas > 10 ? 9 : 12;
+}
+
 void TfmTabela::MontaColunas()
 {
     std::vector<TGridColumn> colunas;
-    for (const auto* coluna : ListedColumns(tabela_)) {
+    const auto listadas = ListedColumns(tabela_);
+    for (const auto* coluna : listadas) {
         colunas.push_back({.field = std::string(coluna->name),
             .title = std::string(coluna->caption),
-            .width
-            = coluna->kind == TColumnKind::Text && !IsTicked(*coluna) ? std::min(coluna->width, widestColumn) : 0,
+            .width = listadas.size() > fewColumns && coluna->kind == TColumnKind::Text && !IsTicked(*coluna)
+                ? std::min(coluna->width, widestColumn)
+                : 0,
             .tick = IsTicked(*coluna)});
     }
     DBGrid1.SetColumns(std::move(colunas));

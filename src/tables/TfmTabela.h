@@ -29,6 +29,8 @@ class TPasteReader;
 /// At rest the list leads; between Incluir or Alterar and Confirmar or Desistir one row is in edit and the list is locked. A
 /// table that another screen keeps, or that work fills, is only looked at here.
 class TfmTabela final : public TOrvForm {
+    const TTableDecl& tabela_; // the controls are made after it
+
 public:
     TfmTabela(TApplication& application, const TTableDecl& tabela);
 
@@ -57,7 +59,7 @@ public:
         {.caption = "Valor", .hint = "Números e datas aceitam >, >=, < e <= na frente.", .maxLength = 60}};
     TLabel lblAchados{pnlBusca, "lblAchados"};
 
-    TGrid DBGrid1{*this, "DBGrid1", QryLinhas, {.lines = 12, .readOnly = true}};
+    TGrid DBGrid1{*this, "DBGrid1", QryLinhas, {.lines = LinhasDaLista(tabela_), .readOnly = true}};
 
     TGroupBox pnlDados{*this, "pnlDados", {.enabled = false}};
     TRow linhaCampos{pnlDados, "linhaCampos"};
@@ -129,7 +131,9 @@ private:
     void IncluiColadas(const std::vector<TPasteRow>& linhas);
     void IncluiColada(const TPasteRow& linha);
 
-    const TTableDecl& tabela_;
+    /// A wide table needs the room for its form.
+    static int LinhasDaLista(const TTableDecl& tabela);
+
     const std::string chave_; ///< as Locate takes it: "CODIGO;PARTE"
     std::string ordem_; ///< column of the title clicked last; empty: by key
     bool descendente_ = false;

@@ -20,11 +20,11 @@ test("A colour is included, found, changed and deleted without a mouse", colours
     await screen.hasFocus("edtCOR");
     await screen.keyboard.type("099001");
     await screen.press("Enter");
-    await screen.keyboard.type("Roxo & lilás");
+    await screen.keyboard.type("Roxo & lilas");
     await screen.picture("colour_in_edit");
     await screen.press("Control+Enter");
     await screen.hasFocus("DBGrid1");
-    await screen.hasText("edtDESCRICAO", "Roxo & lilás");
+    await screen.hasText("edtDESCRICAO", "Roxo & lilas");
 
     await screen.press("Alt+p");
     await screen.keyboard.type("roxo");
@@ -46,7 +46,7 @@ test("A colour is included, found, changed and deleted without a mouse", colours
 test("Rows of a spreadsheet are pasted into a size range, wrong ones are shown with their reason", sizes, async (screen, { page }) => {
     await screen.press("ArrowDown");
     await screen.hasFocus("DBGrid1");
-    await paste(screen, page, "Faixa de tamanhos\tTamanho\tPosição\n1\tZZ\t9\n999\tM\tx\n");
+    await paste(screen, page, "Faixa de tamanhos\tTamanho\tPosição\nADU\tZZ\t9\nADU\tM\tx\n");
     await screen.settled();
     await screen.picture("pasted_rows");
     await screen.hasCell("dbgErros", 0, "Motivo", "Tamanho: o código ZZ não existe em Tamanhos.");
@@ -74,7 +74,7 @@ test("An order is made with a grid pasted, and found again by its number", order
     await screen.settled();
     await screen.press("Enter");
     await screen.hasFocus("edtCliente");
-    await screen.press("Alt+d");
+    await screen.press("Alt+g");
     await screen.hasFocus("dbgGrade");
     const [first, second] = await screen.control("dbgGrade").locator(".ag-header-cell-text").evaluateAll((titles) =>
         titles.map((title) => title.textContent).filter((title) => !["Cor", "Descrição", "Total"].includes(title)).slice(0, 2));
