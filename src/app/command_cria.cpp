@@ -25,9 +25,11 @@ try {
     const auto address = TDatabaseAddress::Parse(options.database);
     if (DatabaseExists(address))
         throw std::runtime_error("já existe um banco de dados em " + address.Text() + ".");
-    CreateDatabase(address);
+    // Until it is whole, the database may be lost as well as made anew.
+    CreateDatabase(address, {.forcedWrites = false});
     try {
         Fill(address);
+        ForceWrites(address);
     } catch (...) {
         DropDatabase(address);
         throw;
