@@ -5,6 +5,7 @@ const titles = {
     fmExemplo: "Tingimento de Botões",
     fmLeitura: "Leitura de Código de Barras",
     fmControles: "Controles",
+    fmFolhas: "Folhas",
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
@@ -18,6 +19,8 @@ const titles = {
     fmLog: "Registro de alterações",
     fmConectados: "Quem está conectado",
     fmTrocaSenha: "Trocar senha",
+    fmRelFacPen: "Pendente por Setor",
+    fmRelFacDia: "Relatório de Produção Dia",
 };
 
 export class Screen {

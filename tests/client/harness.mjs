@@ -90,7 +90,7 @@ async function runOne(browser, server, { delay = 0, colorScheme = "light", size 
         if (name) await comeIn(context, line.url, user);
         await page.goto(line.url);
         const screen = new Screen(page, name, pictures);
-        if (factory || empty) await screen.settled();
+        if (factory || empty || opens) await screen.settled();
         if (opens) await screen.open(opens);
         if (!factory && !empty && name) await screen.ready();
         await action(screen, { page, line, context, server, user, browser });

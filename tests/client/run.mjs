@@ -17,5 +17,6 @@ import "./master.test.mjs";
 import "./tables.test.mjs";
 import "./administration.test.mjs";
 import "./exchange.test.mjs";
+import "./report.test.mjs";
 
 await runAll();

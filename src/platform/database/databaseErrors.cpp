@@ -63,6 +63,10 @@ void RaiseConnection()
 {
     Raise(Connection, "A conexão com o banco de dados foi perdida. O que não estava confirmado não foi gravado.");
 }
+void RaiseDisk()
+{
+    Raise(Other, "O banco de dados não pôde ser gravado: o disco do servidor está cheio ou com defeito.");
+}
 void RaiseCancelled() { Raise(Cancelled, "Operação cancelada."); }
 void RaiseTooLong() { Raise(Conversion, "a text is too long for its column"); }
 void RaiseNoNumber() { Raise(Conversion, "a text is no number"); }

@@ -15,6 +15,8 @@ namespace alinhavo {
 [[noreturn]] void RaiseLock();
 [[noreturn]] void RaiseConnection();
 [[noreturn]] void RaiseCancelled();
+/// The server cannot write its files.
+[[noreturn]] void RaiseDisk();
 [[noreturn]] void RaiseTooLong();
 [[noreturn]] void RaiseNoNumber();
 [[noreturn]] void RaiseNoDate();

@@ -53,6 +53,8 @@ void RaiseDatabaseError(const EFirebird& failure)
         RaiseConnection();
     if (failure.Has(isc_cancelled))
         RaiseCancelled();
+    if (HasAny(failure, {isc_io_error, isc_io_write_err}))
+        RaiseDisk();
     if (failure.Has(isc_unique_key_violation))
         RaiseDuplicate(Text(failure, isc_unique_key_violation), Text(failure, isc_unique_key_violation, 1));
     if (failure.Has(isc_no_dup))

@@ -56,6 +56,8 @@ void RaiseDatabaseError(const EPostgreSql& failure)
         RaiseConnection();
     if (state == "57014")
         RaiseCancelled();
+    if (state == "53100" || state == "58030")
+        RaiseDisk();
     if (state == "23505")
         RaiseDuplicate(failure.Constraint(), failure.Table());
     if (state == "23503")
