@@ -29,7 +29,7 @@ struct TImportRemark {
     std::string key; ///< of the row, its columns apart by blanks
     std::string column; ///< as the file names it; "" for the line as a whole
     std::string content; ///< of the cell
-    std::string reason; ///< Portuguese; of a changed line what it changes
+    std::string reason; ///< Portuguese; of a new line what it holds besides its key, of a changed one what it changes
 };
 
 /// Lines, not remarks.

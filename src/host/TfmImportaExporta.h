@@ -29,7 +29,7 @@ struct TTbLinhas : TMemTable {
     TStringField Chave{*this, "Chave", 200, {.title = "Chave"}};
     TStringField Coluna{*this, "Coluna", 200, {.title = "Coluna"}};
     TStringField Conteudo{*this, "Conteudo", 200, {.title = "Conteúdo"}};
-    TStringField Motivo{*this, "Motivo", 8000, {.title = "Motivo ou mudança"}};
+    TStringField Motivo{*this, "Motivo", 8000, {.title = "Detalhe"}};
 
     void Mostra(const std::vector<TImportRemark>& linhas);
 };
@@ -60,12 +60,13 @@ public:
         {.caption = "Linhas que a tabela já tem", .items = {"Atualiza", "Ignora"}, .itemIndex = 0}};
     TButton btnGravar{pnlArquivo, "btnGravar", {.caption = "&Gravar", .role = TButtonRole::Default, .enabled = false}};
     TLabel lblResumo{pgImportar, "lblResumo", {.style = TLabelStyle::Strong}};
-    TLabel lblForma{pgImportar, "lblForma"};
-    TRadioGroup rgMostrar{pgImportar, "rgMostrar",
+    TRow pnlResumo{pgImportar, "pnlResumo"};
+    TRadioGroup rgMostrar{pnlResumo, "rgMostrar",
         {.caption = "Mostrar",
             .items = {"Todas", "Novas", "Alteradas", "Iguais", "Ignoradas", "Erradas"},
             .itemIndex = 0}};
-    TGrid dbgLinhas{pgImportar, "dbgLinhas", TbLinhas, {.lines = 14, .readOnly = true}};
+    TLabel lblForma{pnlResumo, "lblForma"};
+    TGrid dbgLinhas{pgImportar, "dbgLinhas", TbLinhas, {.lines = 12, .readOnly = true}};
 
     TTabSheet pgExportar{PageControl1, "pgExportar", {.caption = "Exportar"}};
     TRow pnlMostrar{pgExportar, "pnlMostrar"};

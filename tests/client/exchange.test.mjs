@@ -29,7 +29,8 @@ async function give(screen, page, file) {
     await screen.settled();
     await page.locator('input[type="file"]').setInputFiles(file);
     await page.getByRole("button", { name: "OK" }).click();
-    await screen.asksNothing();
+    await screen.until("the file has arrived", async () => (await page.locator(".cover").count()) === 0);
+    await screen.settled();
 }
 
 const summary = async (screen) => (await screen.control("lblResumo").innerText()).trim();
@@ -69,7 +70,10 @@ test("a factory comes in by its files and makes its first movement, as the manua
     await movement.open();
     await movement.include("000101", { enters: true });
     await page.keyboard.type("10");
-    await movement.screen.press("Enter", "Enter", "Enter");
+    for (let step = 0; step < 15 && (await screen.focused()) !== "edtFacDest"; ++step) {
+        await screen.press("Enter");
+        await screen.settled();
+    }
     await movement.screen.hasFocus("edtFacDest");
     await page.keyboard.type("00010");
     await movement.screen.press("Enter");

@@ -1,5 +1,6 @@
 #include "platform/exchange/TImport.h"
 
+#include "forms/numbers.h"
 #include "forms/text.h"
 #include "forms/utf8.h"
 #include "platform/exchange/EExchange.h"
@@ -25,6 +26,11 @@ std::string Shown(const TValue& cell)
         rest.remove_prefix(character.bytes);
     }
     return shown;
+}
+
+std::string ForPerson(const TValue& value)
+{
+    return value.IsFloat() ? Replace(FloatToStr(value.AsFloat()), ".", ",") : value.AsString();
 }
 
 } // namespace
@@ -215,9 +221,20 @@ void TImport::TellLines()
             .key = KeyOf(line, ' '),
             .column = {},
             .content = {},
-            .reason = line.changes});
+            .reason = line.state == TLineState::New ? ContentOf(line) : line.changes});
     }
     std::ranges::stable_sort(remarks_, {}, &TImportRemark::line);
+}
+
+/// As it was understood.
+std::string TImport::ContentOf(const TLine& line) const
+{
+    std::string content;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (!columns_[i].isKey && !line.values[i].IsEmpty())
+            content += (content.empty() ? "" : "; ") + columns_[i].title + ": " + ForPerson(line.values[i]);
+    }
+    return Left(content, ShownContent);
 }
 
 } // namespace alinhavo

@@ -42,7 +42,7 @@ private:
         TLineState state = TLineState::New;
         std::vector<TValue> values; ///< one for each used column
         std::vector<bool> differs; ///< of a changed line, for each used column
-        std::string changes; ///< of a changed line: what, for its reader
+        std::string changes; ///< of a changed line: what, for a person
         std::int64_t identity = 0; ///< of its row, where the table's key is a number that the file does not know
     };
 
@@ -85,6 +85,7 @@ private:
     void Refuse(TLine& line, const TUsedColumn* column, const TValue& content, std::string reason);
     void RefuseTitle(int line, std::string title, std::string reason);
     void TellLines();
+    std::string ContentOf(const TLine& line) const;
 
     // Writing
     void InsertLines();
