@@ -98,7 +98,7 @@ struct TUserAtWork {
 
 constexpr std::array Events = {"focus", "click", "text", "key", "doubleClick", "check", "select", "page", "cell",
     "cellDoubleClick", "cellText", "tick", "title", "menu", "menuItem", "search", "answer", "open", "activate", "close",
-    "rows", "dialogRows", "nothing"};
+    "rows", "dialogRows", "sort", "nothing"};
 constexpr std::array Controls = {"edtCodigo", "edtSetor", "edtBarra", "edtTrancado", "edtLeitura", "edtOculto",
     "edtPreco", "edtData", "CbParte", "rgTipo", "CbProximo", "dbg00Grade", "pmGrade", "PageControl2", "tsAcesso",
     "edtAcesso", "btnPergunta", "btnDuas", "btnEntrada", "btnDetalhe", "btnPesquisa", "btnSupervisor", "btnArquivo",
@@ -129,8 +129,10 @@ json Made(TFuzzBytes& bytes, int number, const TFuzzClient& client)
         message["key"] = bytes.Of(Keys);
     if (with("cell cellDoubleClick tick"))
         message["row"] = bytes.Choice(8);
-    if (with("cell cellDoubleClick tick title"))
+    if (with("cell cellDoubleClick tick title sort"))
         message["column"] = bytes.Of(Columns);
+    if (with("sort"))
+        message["descending"] = bytes.Choice(2) == 1;
     if (with("check tick"))
         message["checked"] = bytes.Choice(2) == 1;
     if (with("select page"))
@@ -139,7 +141,7 @@ json Made(TFuzzBytes& bytes, int number, const TFuzzClient& client)
         message["dialog"] = client.Dialog() + (deviation == 3 ? 1 : 0);
     if (with("answer"))
         message["button"] = bytes.Of(Buttons);
-    if (with("answer") && bytes.Choice(2) == 1)
+    if (with("search answer") && bytes.Choice(2) == 1)
         message["rows"] = {bytes.Choice(5), bytes.Choice(5)};
     if (with("rows dialogRows")) {
         message["first"] = bytes.Byte() * 1000;

@@ -14,10 +14,9 @@ const widest = 1.4;
 const space = 16;
 
 /** Runs and fetches nothing: also what a template or a text of the data would smuggle in. */
-const shell = `<!doctype html><html><head><meta charset="utf-8"><meta http-equiv="Content-Security-Policy"
+export const frameSource = `<!doctype html><html><head><meta charset="utf-8"><meta http-equiv="Content-Security-Policy"
     content="default-src 'none'; style-src 'unsafe-inline'; img-src data:; font-src data:"></head><body></body></html>`;
 
-export const frameSource = shell;
 /** Without scripts; of the same origin so that this page may fill and print it. */
 export const frameSandbox = "allow-same-origin allow-modals";
 
@@ -68,6 +67,7 @@ export class ReportPages extends EventTarget {
             await pause();
         }
         source.close();
+        if (this.over) return;
         for (const each of [...source.querySelectorAll(useless)]) each.remove();
         this.takeStyles(source);
         this.applyZoom();
@@ -225,6 +225,7 @@ export class ReportPages extends EventTarget {
 
     /** Marks the place of a text and brings it into view. */
     reveal(found: number): void {
+        if (this.over) return;
         this.text.mark(this.window as Window & typeof globalThis, found);
         const sheet = this.text.places[found]?.node.parentElement?.closest("al-frame");
         this.text.places[found]?.node.parentElement?.scrollIntoView({ block: "center", inline: "nearest" });
