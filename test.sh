@@ -3,8 +3,8 @@
 #
 #   (nothing)    one build, every test on Firebird and PostgreSQL, the checks, the browser client
 #   --rapido     what answers in two minutes: the test programs and roteiros on Firebird, the checks
-#   --completo   all of it, then clang-tidy over everything, thousands of random histories, ten minutes of each
-#                fuzzer and the sanitizers' builds with their runs
+#   --completo   all of it, then clang-tidy over everything, a fault at every statement, thousands of random histories, ten
+#                minutes of each fuzzer and the sanitizers' builds with their runs
 #   NAME…        only these: a roteiro or folder of roteiros, a check (module, link, words, format, shell, scripts, tidy),
 #                or a test program (forms_tests; a regular expression)
 set -euo pipefail
@@ -81,6 +81,7 @@ run_default() {
 run_completo() {
     run_default
     check tidy scripts/build.sh tidy -k 0 || true
+    suite faults env ALINHAVO_FAULTS=all scripts/test_programs.sh release faults_tests || true
     suite histories env ALINHAVO_REVERSAL_HISTORIES=2000 scripts/test_programs.sh release facmov_tests || true
     install_packages fuzz
     suite fuzz scripts/fuzz.sh 600 || true

@@ -57,6 +57,7 @@ TServerSettings TServerSettings::Read(const TConfiguration& configuration, const
     settings.host.database.company = read.Text("Banco", "empresa", "01");
     settings.host.database.lockWait = std::chrono::seconds(read.Number("Banco", "espera", 5, 1, 600));
     settings.host.database.cachePages = read.Number("Banco", "paginas", 4096, 64, 1'000'000);
+    settings.host.layouts = read.Text("Relatorio", "modelos", "");
     settings.host.today = options.today;
 
     settings.web.address = read.Text("Servidor", "endereco", "127.0.0.1", options.address);

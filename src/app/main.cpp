@@ -1,7 +1,8 @@
-#include "app/command_cria.h"
+#include "app/command_copia.h"
 #include "app/command_demo.h"
 #include "app/command_exporta.h"
 #include "app/command_importa.h"
+#include "app/command_prepara.h"
 #include "app/command_roteiro.h"
 #include "app/command_senha.h"
 #include "app/command_servir.h"
@@ -32,10 +33,6 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Alinhavo: controle da produção em facções."};
     app.require_subcommand(1);
-
-    TCriaOptions cria;
-    CLI::App& criaCommand = *app.add_subcommand("cria", "Cria um banco vazio, com o usuário ADMIN.");
-    criaCommand.add_option("--banco", cria.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
 
     TDemoOptions demo;
     CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
@@ -101,15 +98,36 @@ int main(int argc, char** argv)
     exportaCommand.add_option("--banco", exporta.database, "Arquivo Firebird ou endereço do banco.")->required();
     exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
 
+    TPreparaOptions prepara;
+    CLI::App& preparaCommand
+        = *app.add_subcommand("prepara", "Cria um banco vazio, ou traz um que existe à versão do programa.");
+    preparaCommand.add_option("--banco", prepara.database, "Arquivo Firebird ou endereço do banco.")->required();
+    preparaCommand.add_option("--empresa", prepara.company, "Código da empresa.")->capture_default_str();
+
+    TCopiaOptions copia;
+    CLI::App& copiaCommand = *app.add_subcommand("copia", "Faz uma cópia do banco, também enquanto se trabalha nele.");
+    copiaCommand.add_option("--banco", copia.database, "Arquivo Firebird ou endereço do banco.")->required();
+    copiaCommand.add_option("--para", copia.copy, "Arquivo Firebird ou endereço que a cópia terá.")->required();
+
+    TCopiaOptions restaura;
+    CLI::App& restauraCommand = *app.add_subcommand("restaura", "Refaz o banco a partir de uma cópia, e o confere.");
+    restauraCommand.add_option("--de", restaura.copy, "Arquivo Firebird ou endereço da cópia.")->required();
+    restauraCommand.add_option("--banco", restaura.database, "Arquivo Firebird ou endereço do banco.")->required();
+    restauraCommand.add_flag("--substitui", restaura.replace, "Substitui o banco que existe.");
+
     CLI11_PARSE(app, argc, argv);
-    if (criaCommand.parsed())
-        return RunCria(cria);
     if (demoCommand.parsed())
         return RunDemo(demo);
     if (importaCommand.parsed())
         return RunImporta(importa);
     if (exportaCommand.parsed())
         return RunExporta(exporta);
+    if (preparaCommand.parsed())
+        return RunPrepara(prepara);
+    if (copiaCommand.parsed())
+        return RunCopia(copia);
+    if (restauraCommand.parsed())
+        return RunRestaura(restaura);
     if (senhaCommand.parsed())
         return RunSenha(senha);
     if (servirCommand.parsed())

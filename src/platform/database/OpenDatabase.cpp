@@ -69,4 +69,16 @@ void CopyDatabase(const TDatabaseAddress& from, const TDatabaseAddress& to)
     CopyFile(from, to);
 }
 
+void RenameDatabase(const TDatabaseAddress& from, const TDatabaseAddress& to)
+{
+    if (IsPostgreSql(from) && IsPostgreSql(to)) {
+        if (DatabaseExists(to))
+            DropDatabase(to);
+        return postgresql::Rename(from, to);
+    }
+    if (!from.IsEmbedded() || !to.IsEmbedded())
+        RaiseCannotCopy();
+    std::filesystem::rename(from.path, to.path);
+}
+
 } // namespace alinhavo

@@ -31,5 +31,8 @@ bool DatabaseExists(const TDatabaseAddress& address, const TDatabaseOptions& opt
 void DropDatabase(const TDatabaseAddress& address, const TDatabaseOptions& options = {});
 /// A new database like the other; nobody may be connected to that one. Both are embedded, or on the same PostgreSQL server.
 void CopyDatabase(const TDatabaseAddress& from, const TDatabaseAddress& to);
+/// The database under another name, in place of one that has it already; nobody may be connected to either. Both are embedded, or on
+/// the same PostgreSQL server.
+void RenameDatabase(const TDatabaseAddress& from, const TDatabaseAddress& to);
 
 } // namespace alinhavo

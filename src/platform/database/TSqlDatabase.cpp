@@ -60,6 +60,18 @@ TTableData TSqlDatabase::OpenText(const std::string& sql)
 
 std::int64_t TSqlDatabase::ExecText(const std::string& sql) { return Run(sql, {}, nullptr); }
 
+TTableData TSqlDatabase::OpenText(const std::string& sql, const std::vector<TValue>& values)
+{
+    TTableData result;
+    Run(sql, values, &result);
+    return result;
+}
+
+std::int64_t TSqlDatabase::ExecText(const std::string& sql, const std::vector<TValue>& values)
+{
+    return Run(sql, values, nullptr);
+}
+
 std::int64_t TSqlDatabase::Run(const std::string& sql, const std::vector<TValue>& values, TTableData* result)
 {
     EnsureConnected();

@@ -21,6 +21,12 @@ public:
     /// called.
     TTableData OpenText(const std::string& sql);
     std::int64_t ExecText(const std::string& sql);
+    /// The same with placeholders for the values.
+    TTableData OpenText(const std::string& sql, const std::vector<TValue>& values);
+    std::int64_t ExecText(const std::string& sql, const std::vector<TValue>& values);
+
+    /// From now on the connection reads what is committed at this moment, whatever others commit, and writes nothing.
+    virtual void HoldSnapshot() = 0;
 
     void CommitRetaining() final;
     void RollbackRetaining() final;

@@ -176,19 +176,35 @@ int SchemaVersion(TSqlDatabase& database)
     return found.RowCount() == 0 ? 0 : static_cast<int>(found.Column(0).Integer(0));
 }
 
+void CreateTables(TSqlDatabase& database)
+{
+    for (const auto& preparation : database.Dialect().Preparations())
+        database.ExecText(preparation);
+    database.CommitRetaining();
+    TSchemaBuilder builder(database);
+    builder.CreateTables({&versionTable, 1});
+    builder.CreateTables(Tables());
+}
+
+std::vector<std::string> Companies(TSqlDatabase& database)
+{
+    std::vector<std::string> companies;
+    if (!HasVersionTable(database))
+        return companies;
+    const auto rows = database.Open({"SELECT COMPANY FROM {ALINHAVO_SCHEMA} ORDER BY COMPANY"});
+    for (std::size_t row = 0; row < rows.RowCount(); ++row)
+        companies.emplace_back(rows.Column(0).Text(row));
+    return companies;
+}
+
 void MigrateSchema(TSqlDatabase& database)
 {
     const int stored = SchemaVersion(database);
     if (stored > CurrentSchemaVersion)
         throw EDatabaseError(TDatabaseErrorKind::Other, "O banco de dados é de uma versão mais nova do programa.");
 
-    for (const auto& preparation : database.Dialect().Preparations())
-        database.ExecText(preparation);
-    database.CommitRetaining();
-
+    CreateTables(database);
     TSchemaBuilder builder(database);
-    builder.CreateTables({&versionTable, 1});
-    builder.CreateTables(Tables());
     builder.CreateIndexes(Tables());
     builder.CreateForeignKeys(Tables());
     for (const auto& step : steps)

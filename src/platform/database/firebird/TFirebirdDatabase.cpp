@@ -185,10 +185,23 @@ TTransactionPtr TFirebirdDatabase::Begin(bool writes)
         parameters.insert(parameters.end(),
             {isc_tpb_lock_timeout, 4, static_cast<unsigned char>(wait), static_cast<unsigned char>(wait >> 8),
                 static_cast<unsigned char>(wait >> 16), static_cast<unsigned char>(wait >> 24)});
+    return Begin(parameters);
+}
+
+TTransactionPtr TFirebirdDatabase::Begin(const std::vector<unsigned char>& parameters)
+{
     TTransactionPtr transaction(
         attachment_->startTransaction(&status_, static_cast<unsigned>(parameters.size()), parameters.data()));
     status_.Check();
     return transaction;
+}
+
+void TFirebirdDatabase::HoldSnapshot()
+try {
+    EnsureConnected();
+    reading_ = Begin({isc_tpb_version3, isc_tpb_concurrency, isc_tpb_read, isc_tpb_wait});
+} catch (const EFirebird& failure) {
+    RaiseFailure(failure);
 }
 
 Firebird::ITransaction& TFirebirdDatabase::CurrentTransaction() { return writing_ ? *writing_ : *reading_; }

@@ -17,6 +17,8 @@ public:
     TFirebirdDatabase(TDatabaseAddress address, TDatabaseOptions options);
     ~TFirebirdDatabase() override;
 
+    void HoldSnapshot() override;
+
 protected:
     std::int64_t RunAtServer(const std::string& sql, const std::vector<TValue>& values, TTableData* result) override;
     void CommitAtServer() override;
@@ -44,6 +46,7 @@ private:
     std::int64_t RunUntilFree(TFirebirdStatement& statement, TTableData* result);
     Firebird::ITransaction& CurrentTransaction();
     TTransactionPtr Begin(bool writes);
+    TTransactionPtr Begin(const std::vector<unsigned char>& parameters);
 
     TDatabaseAddress address_;
     TDatabaseOptions options_;

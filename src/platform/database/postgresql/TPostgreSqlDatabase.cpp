@@ -131,6 +131,19 @@ void TPostgreSqlDatabase::EnsureConnected()
     }
 }
 
+// The server takes the snapshot with the first statement.
+void TPostgreSqlDatabase::HoldSnapshot()
+{
+    EnsureConnected();
+    try {
+        connection_->Queue("BEGIN TRANSACTION ISOLATION LEVEL REPEATABLE READ READ ONLY");
+        connection_->Queue("SELECT 1");
+        connection_->Flush();
+    } catch (const EPostgreSql& failure) {
+        RaiseFailure(failure);
+    }
+}
+
 void TPostgreSqlDatabase::RaiseFailure(const EPostgreSql& failure)
 {
     Tell(failure.what());
@@ -312,6 +325,13 @@ void Drop(const TDatabaseAddress& address)
 {
     Administrate(address,
         [&](const TPostgreSqlConnection& connection) { return "DROP DATABASE " + connection.Quoted(address.name); });
+}
+
+void Rename(const TDatabaseAddress& from, const TDatabaseAddress& to)
+{
+    Administrate(to, [&](const TPostgreSqlConnection& connection) {
+        return "ALTER DATABASE " + connection.Quoted(from.name) + " RENAME TO " + connection.Quoted(to.name);
+    });
 }
 
 void Copy(const TDatabaseAddress& from, const TDatabaseAddress& to)

@@ -18,6 +18,8 @@ class TPostgreSqlDatabase final : public TSqlDatabase {
 public:
     TPostgreSqlDatabase(TDatabaseAddress address, const TDatabaseOptions& options);
 
+    void HoldSnapshot() override;
+
 protected:
     std::int64_t RunAtServer(const std::string& sql, const std::vector<TValue>& values, TTableData* result) override;
     void CommitAtServer() override;
@@ -86,6 +88,7 @@ private:
 void Create(const TDatabaseAddress& address);
 bool Exists(const TDatabaseAddress& address);
 void Drop(const TDatabaseAddress& address);
+void Rename(const TDatabaseAddress& from, const TDatabaseAddress& to);
 void Copy(const TDatabaseAddress& from, const TDatabaseAddress& to);
 
 } // namespace alinhavo::postgresql
