@@ -39,6 +39,7 @@ struct TOptions {
     std::string database; ///< of a PostgreSQL server; empty: a Firebird file
     std::vector<std::size_t> users{1};
     double seconds = 20;
+    double warmUp = 0;
     int pause = 1000;
     int scale = 1;
     double shared = 0.05;
@@ -166,6 +167,11 @@ std::ptrdiff_t Errors(TSqlDatabase& database)
     return std::ranges::count(Verify(database), TSeverity::Error, &TViolation::severity);
 }
 
+std::chrono::milliseconds Seconds(double seconds)
+{
+    return std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000));
+}
+
 /// Everybody at work. False when what is recorded is not what they did.
 bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepared)
 {
@@ -176,6 +182,8 @@ bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepar
     plan.codes = Codes(*database);
     plan.pause = std::chrono::milliseconds(options.pause);
     plan.shared = options.shared;
+    for (const auto& lot : plan.lots)
+        plan.takingBack[lot.place.order];
     const auto before = RecordedMovements(*database);
     const auto errorsBefore = Errors(*database);
     const auto user = FindUser(*database, "MARIA").value();
@@ -192,8 +200,10 @@ bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepar
             const auto found = registry.Take(registry.LogIn(user), TSessionRegistry::New);
             clients.push_back(std::make_unique<TLoadClient>(found.session, times));
         }
-        plan.end = std::chrono::steady_clock::now()
-            + std::chrono::milliseconds(static_cast<std::int64_t>(options.seconds * 1000));
+        plan.warmUp = Seconds(options.warmUp);
+        const auto begin = std::chrono::steady_clock::now() + plan.warmUp;
+        times.CountFrom(begin);
+        plan.end = begin + Seconds(options.seconds);
         std::vector<std::jthread> threads;
         for (std::size_t number = 0; number < users; ++number)
             threads.emplace_back([&, number] {
@@ -291,9 +301,9 @@ void Memory(const TOptions& options, std::size_t users, const TOwnDatabase& prep
     TellMemory("a session without a screen, its connection included", before, open, users);
     for (std::size_t number = 1; number <= users; ++number)
         OpenScreens(*clients[number]);
+    clients.clear(); // what a client knows is its own
     TellMemory("its three screens", open, MemoryNow(), users);
     TellMemory("all of a session with three screens", before, MemoryNow(), users);
-    clients.clear();
     registry.EndAll("");
 }
 
@@ -308,6 +318,7 @@ int main(int argc, char** argv)
         "--banco", options.database, "Um banco do servidor PostgreSQL a usar; sem ele, um arquivo Firebird.");
     app.add_option("--usuarios", options.users, "Quantas pessoas trabalham; vários números: um depois do outro.");
     app.add_option("--segundos", options.seconds, "Duração de cada um.");
+    app.add_option("--aquecimento", options.warmUp, "Segundos antes, em que as pessoas chegam e nada conta.");
     app.add_option("--minutos", minutes, "A duração, em minutos.");
     app.add_option("--pausa", options.pause, "Milissegundos que uma pessoa leva, em média, até o próximo passo.");
     app.add_option("--escala", options.scale, "Volume da fábrica, como em alinhavo demo.");

@@ -5,10 +5,18 @@
 
 namespace alinhavo {
 
-void TEventTimes::Add(TEventKind kind, const std::string& what, TTime time)
+void TEventTimes::CountFrom(TMoment begin)
 {
-    const auto milliseconds = std::chrono::duration<float, std::milli>(time).count();
     const std::lock_guard lock(mutex_);
+    begin_ = begin;
+}
+
+void TEventTimes::Add(TEventKind kind, const std::string& what, TMoment sent, TMoment ready)
+{
+    const auto milliseconds = std::chrono::duration<float, std::milli>(ready - sent).count();
+    const std::lock_guard lock(mutex_);
+    if (sent < begin_)
+        return;
     times_[static_cast<std::size_t>(kind)].push_back(milliseconds);
     byEvent_[what].push_back(milliseconds);
 }

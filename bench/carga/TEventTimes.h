@@ -15,10 +15,12 @@ enum class TEventKind { Keystroke, Step, Confirmation };
 /// How long the server took over each event, from its receipt until what changed was ready to be sent.
 class TEventTimes {
 public:
-    using TTime = std::chrono::steady_clock::duration;
+    using TMoment = std::chrono::steady_clock::time_point;
 
+    /// What was sent before does not count.
+    void CountFrom(TMoment begin);
     /// `what` tells events of one kind apart: "click btn00Confirmar".
-    void Add(TEventKind kind, const std::string& what, TTime time);
+    void Add(TEventKind kind, const std::string& what, TMoment sent, TMoment ready);
     std::size_t Count() const;
     /// Of all events, in milliseconds; share 0.5 is the median.
     double OfAll(double share) const;
@@ -37,6 +39,7 @@ private:
     static double Quantile(std::vector<float> times, double share);
 
     mutable std::mutex mutex_;
+    TMoment begin_;
     std::array<std::vector<float>, 3> times_; ///< milliseconds, by kind
     std::map<std::string, std::vector<float>> byEvent_;
 };

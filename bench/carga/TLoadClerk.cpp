@@ -76,8 +76,8 @@ std::map<std::string, int> TLoadCounts::All() const
     return counts_;
 }
 
-TLoadClerk::TLoadClerk(TLoadClient& client, const TLoadPlan& plan, std::size_t number, std::size_t clerks,
-    TLedger& ledger, TLoadCounts& counts)
+TLoadClerk::TLoadClerk(
+    TLoadClient& client, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger, TLoadCounts& counts)
     : client_(client)
     , plan_(plan)
     , number_(number)
@@ -90,6 +90,7 @@ TLoadClerk::TLoadClerk(TLoadClient& client, const TLoadPlan& plan, std::size_t n
 
 void TLoadClerk::Work()
 {
+    std::this_thread::sleep_for(plan_.warmUp / 2 * number_ / clerks_);
     json open;
     open["event"] = "open";
     open["class"] = Screen;
@@ -256,8 +257,12 @@ void TLoadClerk::GiveUp()
 
 void TLoadClerk::Reverse()
 {
+    const auto& order = PickLot().place.order;
+    const std::unique_lock nobodyElse(plan_.takingBack.at(order), std::try_to_lock);
+    if (!nobodyElse)
+        return;
     TurnTo(PageOfReversal);
-    Fill("edtM02OF", PickLot().place.order);
+    Fill("edtM02OF", order);
     const auto row = client_.Property("DBGrid3", "row").get<int>();
     if (!Answer() || row < 0)
         return;

@@ -25,7 +25,11 @@ struct TLoadPlan {
     std::chrono::milliseconds pause{
         1000}; ///< of a clerk before each step, half as much to one and a half times; a tenth before each key
     double shared = 0.05; ///< of the jobs are on an order that is anybody's, not the clerk's own
+    std::chrono::steady_clock::duration warmUp{}; ///< in which the clerks come, one after the other
     std::chrono::steady_clock::time_point end;
+    /// By order. Two who take back the same movement at the same moment are not kept apart by the screen, so here nobody tries
+    /// while another does.
+    std::map<std::string, std::mutex> takingBack = {};
 };
 
 /// What the clerks did and were told.
@@ -42,7 +46,7 @@ private:
 /// Somebody who works at the movement's screen until the plan's end: moves, reads, takes back, looks up.
 class TLoadClerk {
 public:
-    TLoadClerk(TLoadClient& client, const TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger,
+    TLoadClerk(TLoadClient& client, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger,
         TLoadCounts& counts);
 
     void Work();
@@ -74,7 +78,7 @@ private:
     std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
     TLoadClient& client_;
-    const TLoadPlan& plan_;
+    TLoadPlan& plan_;
     const std::size_t number_;
     const std::size_t clerks_;
     TLedger& ledger_;

@@ -31,6 +31,8 @@ TLoadClient::TLoadClient(std::shared_ptr<TWebSession> session, TEventTimes& time
         Take(link_->Next());
 }
 
+TLoadClient::~TLoadClient() { session_->Detach(*link_); }
+
 void TLoadClient::Do(json event, TEventKind kind)
 {
     Send(std::move(event), kind);
@@ -134,7 +136,7 @@ void TLoadClient::TLink::Send(std::string message)
     const auto done = DoneOf(message);
     const std::lock_guard lock(mutex_);
     for (; !sent_.empty() && sent_.front().number <= done; sent_.pop_front())
-        times_.Add(sent_.front().kind, sent_.front().what, now - sent_.front().at);
+        times_.Add(sent_.front().kind, sent_.front().what, sent_.front().at, now);
     messages_.push_back(std::move(message));
     told_.notify_one();
 }

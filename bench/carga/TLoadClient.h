@@ -19,6 +19,10 @@ namespace alinhavo {
 class TLoadClient {
 public:
     TLoadClient(std::shared_ptr<TWebSession> session, TEventTimes& times);
+    /// Goes away; the session goes on.
+    ~TLoadClient();
+    TLoadClient(const TLoadClient&) = delete;
+    TLoadClient& operator=(const TLoadClient&) = delete;
 
     /// Sends the event and waits until it is carried out. std::runtime_error with what the server says against it.
     void Do(nlohmann::json event, TEventKind kind = TEventKind::Step);

@@ -34,8 +34,9 @@ public:
               {.firstPenalty = options.loginPenalty,
                   .pdfCommand = options.pdfCommand,
                   .encrypted = !options.certificate.certificate.empty()})
-        , acceptor_(context_, tcp::endpoint(net::ip::make_address(options.address), options.port))
-        , timer_(context_)
+        , door_(net::make_strand(context_))
+        , acceptor_(door_, tcp::endpoint(net::ip::make_address(options.address), options.port))
+        , timer_(door_)
         , sweeper_(context_)
         , sweep_(options.sweep)
     {
@@ -52,7 +53,7 @@ public:
         if (threads_.empty())
             return;
         sessions_.EndAll("O servidor foi encerrado.");
-        net::post(acceptor_.get_executor(), [this] {
+        net::post(door_, [this] {
             boost::system::error_code ignored;
             acceptor_.close(ignored);
             timer_.expires_after(TimeToSayGoodbye);
@@ -118,6 +119,7 @@ private:
     TStaticFiles files_;
     TSessionRegistry sessions_;
     TWebApi api_;
+    net::strand<net::io_context::executor_type> door_; ///< of the acceptor and its timer: one thread at a time
     tcp::acceptor acceptor_;
     net::steady_timer timer_;
     net::steady_timer sweeper_;
