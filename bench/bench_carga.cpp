@@ -83,9 +83,8 @@ private:
         const auto name = "alinhavo_carga_" + std::to_string(getpid());
         if (options.database.empty())
             return TDatabaseAddress::Parse((std::filesystem::temp_directory_path() / (name + ".fdb")).string());
-        auto address = TDatabaseAddress::Parse(options.database);
-        address.name = name;
-        return address;
+        const auto path = options.database.rfind('/');
+        return TDatabaseAddress::Parse(options.database.substr(0, path + 1) + name);
     }
 
     TDatabaseAddress address_;
@@ -112,7 +111,8 @@ std::unique_ptr<TSqlDatabase> Connect(const TFactoryDatabase& factory, const TOp
 
 TDatabaseHostOptions HostOptions(const TFactoryDatabase& factory, const TOptions& options)
 {
-    TDatabaseHostOptions host{.address = factory.Address()};
+    TDatabaseHostOptions host;
+    host.address = factory.Address();
     host.database.cachePages = options.cachePages;
     host.registerScreens = RegisterScreens;
     host.layouts = ALINHAVO_LAYOUTS;
@@ -163,7 +163,9 @@ bool Load(const TOptions& options, std::size_t users)
 {
     const TFactoryDatabase factory(options);
     const auto database = Connect(factory, options);
-    TLoadPlan plan{.lots = PendingLots(*database), .codes = Codes(*database)};
+    TLoadPlan plan;
+    plan.lots = PendingLots(*database);
+    plan.codes = Codes(*database);
     plan.pause = std::chrono::milliseconds(options.pause);
     plan.shared = options.shared;
     const auto before = RecordedMovements(*database);

@@ -106,8 +106,9 @@ std::string TLoadClient::Cell(const std::string& grid, int row, std::string_view
         return {};
     const auto columns = known->second.properties.value("columns", std::vector<std::string>());
     const auto place = std::ranges::find(columns, column) - columns.begin();
-    return place == std::ssize(columns) ? std::string()
-                                        : known->second.rows.at(row).at(static_cast<std::size_t>(place) + 1);
+    if (place == std::ssize(columns))
+        return {};
+    return known->second.rows.at(row).at(static_cast<std::size_t>(place) + 1);
 }
 
 void TLoadClient::TLink::Sent(std::int64_t number, TEventKind kind)

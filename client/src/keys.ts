@@ -13,7 +13,7 @@ const names: Readonly<Record<string, string>> = {
     ArrowRight: "Right",
 };
 
-const others = new Set(["Enter", "Tab", "Backspace", "Home", "End"]);
+const others = new Set(["Enter", "Tab", "Backspace", "Home", "End", "ContextMenu"]);
 
 /** Null for what is no key of its own: a modifier, the first half of an accented letter. */
 export function keyName(event: KeyboardEvent): string | null {
@@ -36,6 +36,9 @@ export function typedText(key: string): string | null {
 export function isBrowsers(key: string): boolean {
     return /^Ctrl\+[acvxyz]$/i.test(key) || /^(Ctrl\+|Shift\+)Ins$/.test(key) || key === "Shift+Del" || key === "F11";
 }
+
+/** Opens the popup menu of what has the focus. */
+export const isMenuKey = (key: string) => key === "Shift+F10" || key === "ContextMenu";
 
 export function isPaste(key: string): boolean {
     return /^Ctrl\+v$/i.test(key) || key === "Shift+Ins";

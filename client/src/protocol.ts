@@ -20,13 +20,14 @@ export type UserEvent =
     | { event: "tick"; form: string; control: string; row: number; column: string; checked: boolean }
     | { event: "menu"; form: string; control: string; row?: number; column?: string }
     | { event: "menuItem"; form: string; control: string; item: string }
-    | { event: "search"; dialog: number; text: string }
+    | { event: "search"; dialog: number; text: string; rows?: number[] }
     | { event: "answer"; dialog: number; button: Button; text?: string; rows?: number[]; password?: string }
     | { event: "open"; class: string }
     | { event: "activate"; form: string }
     | { event: "close"; form: string }
     | { event: "rows"; form: string; control: string; first: number; count: number }
-    | { event: "dialogRows"; dialog: number; first: number; count: number };
+    | { event: "dialogRows"; dialog: number; first: number; count: number }
+    | { event: "sort"; form: string; control: string; column: string; descending: boolean };
 
 export type ClientMessage = { n: number; turn: number } & UserEvent;
 
@@ -79,8 +80,14 @@ export interface DialogState {
     beep: boolean;
     columns?: readonly LookupColumn[];
     multiple?: boolean;
+    /** What was picked stands in front of what a search finds. */
+    keepsPicks?: boolean;
     /** Token of the report to show. */
     report?: string;
+    /** The report is one of plain text. */
+    plainText?: boolean;
+    /** Address that the report is offered to be sent to. */
+    recipient?: string;
     /** Pictures to show. */
     files?: readonly string[];
 }

@@ -45,7 +45,7 @@ public:
     TLabel lblQuantos{pnlControle, "lblQuantos"};
     TGrid dbgConectados{*this, "dbgConectados", TbConectados,
         {.columns = {{.field = "Codigo", .width = 10}, {.field = "Nome", .width = 22}, {.field = "Desde", .width = 18},
-             {.field = "UltimoUso", .width = 18}, {.field = "Pendente", .width = 28},
+             {.field = "UltimoUso", .width = 18}, {.field = "Pendente", .width = 34},
              {.field = "Navegador", .width = 12}, {.field = "Telas", .width = 44}},
             .lines = 16,
             .readOnly = true}};

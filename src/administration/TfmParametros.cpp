@@ -102,13 +102,25 @@ void TfmParametros::Carrega()
             TbParametros.Numero = parametro.numero;
             TbParametros.Titulo = parametro.titulo;
             TbParametros.Valor = valor;
-            TbParametros.Significado = SignificadoDoValor(parametro, valor);
+            TbParametros.Significado = Significado(parametro, valor);
             TbParametros.Post();
         }
         if (!TbParametros.Locate("Parametro", {antes}))
             TbParametros.First();
     }
     Mostra();
+}
+
+/// A client is told by his name.
+std::string TfmParametros::Significado(const TParametroDecl& parametro, const std::string& valor)
+{
+    const auto nome = parametro.livre == TValorLivre::Cliente ? NomeDoCliente(valor) : std::string();
+    return nome.empty() ? SignificadoDoValor(parametro, valor) : nome;
+}
+
+std::string TfmParametros::NomeDoCliente(const std::string& codigo)
+{
+    return codigo.empty() ? std::string() : Busca_Valor("ENTIDADE", "CODCLI", "NOME", Aspas(codigo)).AsString();
 }
 
 void TfmParametros::TbParametrosAfterScroll() { Mostra(); }
@@ -254,7 +266,7 @@ void TfmParametros::edtProcuraChange() { Carrega(); }
 void TfmParametros::edtValorChange()
 {
     if (edtNome.Visible())
-        edtNome.SetText(Busca_Valor("ENTIDADE", "CODCLI", "NOME", Aspas(Trim(edtValor.text()))).AsString());
+        edtNome.SetText(NomeDoCliente(Trim(edtValor.text())));
 }
 
 void TfmParametros::edtValorKeyDown(TKey& key)

@@ -88,6 +88,8 @@ public:
 private:
     const TParametroDecl* Atual() const; ///< null while the search finds none
     std::string ValorNaTela() const;
+    std::string Significado(const TParametroDecl& parametro, const std::string& valor);
+    std::string NomeDoCliente(const std::string& codigo);
     void Carrega();
     void Mostra();
     void EscreveValor(const std::string& valor);

@@ -46,6 +46,7 @@ TfmUsuarios::TfmUsuarios(TApplication& application)
     dbgUsuarios.OnDoubleClick.connect(this, &TfmUsuarios::btnAlterarClick);
     edtFuncionario.OnExit.connect(this, &TfmUsuarios::edtFuncionarioExit);
     btnCopiar.OnClick.connect(this, &TfmUsuarios::btnCopiarClick);
+    edtProcuraTela.OnChange.connect(this, &TfmUsuarios::edtProcuraTelaChange);
     itMarcaLinha.OnClick.connect(this, &TfmUsuarios::itMarcaLinhaClick);
     itDesmarcaLinha.OnClick.connect(this, &TfmUsuarios::itDesmarcaLinhaClick);
     itMarcaColuna.OnClick.connect(this, &TfmUsuarios::itMarcaColunaClick);
@@ -57,6 +58,7 @@ TfmUsuarios::TfmUsuarios(TApplication& application)
     PqCopia.OnFechaPesquisa.connect(this, &TfmUsuarios::PqCopiaFechaPesquisa);
     PqCopia.Select = TStatement("SELECT CODIGO, NOME FROM {ACESSO_USUARIOS}");
 
+    dbgDireitos.SetColumn(TbDireitos.Consulta.Name());
     TbDireitos.CanInsert = false;
     TbSetores.CanInsert = false;
     LiberaEdicao(false);
@@ -141,6 +143,7 @@ void TfmUsuarios::CarregaDireitos(const std::string& codigo)
          ORDER BY M.NIVEL)",
         codigo);
     const auto quieto = TbDireitos.DisableControls();
+    TbDireitos.ClearFilter();
     TbDireitos.EmptyTable();
     std::string titulo;
     menu.ForEach([&] {
@@ -163,12 +166,14 @@ void TfmUsuarios::CarregaDireitos(const std::string& codigo)
         TbDireitos.ExcluiAntes = marca("EXCLUI");
         TbDireitos.Post();
     });
+    edtProcuraTelaChange();
     TbDireitos.First();
 }
 
 /// What is ticked becomes that of the other user; what is stored stays the own, so that only the difference is written.
 void TfmUsuarios::CopiaDireitos(const std::string& codigo)
 {
+    edtProcuraTela.Clear();
     TbDireitos.CheckBrowse();
     TOrvQuery outro = Consulta("SELECT LOCAL, CONSULTA, ALTERA, EXCLUI FROM {ACESSO} WHERE USUARIO = ?", codigo);
     TbDireitos.ForEach([&] {
@@ -265,6 +270,7 @@ void TfmUsuarios::btnIncluirClick()
     cbTipo.SetItemIndex(0);
     chkSupervisor.SetChecked(false);
     chkBloqueado.SetChecked(false);
+    edtProcuraTela.Clear();
     CarregaDireitos({});
     CarregaSetores({});
     TbDireitos.ForEach([&] {
@@ -330,6 +336,7 @@ void TfmUsuarios::btnFecharClick() { Close(); }
 
 void TfmUsuarios::btnConfirmarClick()
 {
+    edtProcuraTela.Clear();
     TbDireitos.CheckBrowse();
     TbSetores.CheckBrowse();
     if (!PodeConfirmar())
@@ -373,6 +380,18 @@ void TfmUsuarios::btnCopiarClick()
     PqCopia.Filtro = TStatement("CODIGO <> ?", edtCodigo.text());
     PqCopia.AbrePesquisa();
     dbgDireitos.SetFocus();
+}
+
+/// Only the grid is narrowed: whatever is checked or written is so with all screens.
+void TfmUsuarios::edtProcuraTelaChange()
+{
+    const auto procurada = UpperCase(Trim(edtProcuraTela.text()));
+    if (procurada.empty())
+        return TbDireitos.ClearFilter();
+    TbDireitos.SetFilter([this, procurada] {
+        return UpperCase(TbDireitos.Tela.value()).find(procurada) != std::string::npos
+            || UpperCase(TbDireitos.Menu.value()).find(procurada) != std::string::npos;
+    });
 }
 
 void TfmUsuarios::PqCopiaFechaPesquisa() { CopiaDireitos(PqCopia.RetornoPesquisa("CODIGO").AsString()); }

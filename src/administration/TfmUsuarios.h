@@ -93,8 +93,9 @@ public:
             .upperCase = true}};
     TComboBox cbTipo{linhaNome, "cbTipo",
         {.caption = "Tipo",
-            .items = {"0 |Comum: quantidades fora do permitido pedem senha de supervisor",
-                "1 |Dispensado da senha de supervisor nas quantidades"}}};
+            .hint
+            = "Ao usuário comum a movimentação pede a senha de um supervisor quando as quantidades saem do permitido.",
+            .items = {"0 |Comum", "1 |Dispensado de supervisor nas quantidades"}}};
     TRow linhaFuncionario{tabDados, "linhaFuncionario"};
     TEdit edtFuncionario{
         linhaFuncionario, "edtFuncionario", {.caption = "Funcionário", .maxLength = 8, .lookup = true}};
@@ -107,8 +108,10 @@ public:
     TTabSheet tabDireitos{pgUsuario, "tabDireitos", {.caption = "Per&missões"}};
     TRow linhaDireitos{tabDireitos, "linhaDireitos"};
     TButton btnCopiar{linhaDireitos, "btnCopiar", {.caption = "Copiar de &outro usuário"}};
-    TLabel lblDireitos{
-        linhaDireitos, "lblDireitos", {.caption = "Espaço marca. O menu da grade marca a linha ou a coluna inteira."}};
+    TEdit edtProcuraTela{linhaDireitos, "edtProcuraTela",
+        {.caption = "Procurar te&la", .hint = "Parte do nome da tela ou do menu.", .maxLength = 40}};
+    TLabel lblDireitos{linhaDireitos, "lblDireitos",
+        {.caption = "Espaço marca. O menu da grade marca a linha ou a coluna inteira do que está na lista."}};
     TPopupMenu mnuDireitos{*this, "mnuDireitos"};
     TMenuItem itMarcaLinha{mnuDireitos, "itMarcaLinha", {.caption = "Marcar a linha", .shortcut = "Ctrl+L"}};
     TMenuItem itDesmarcaLinha{mnuDireitos, "itDesmarcaLinha", {.caption = "Desmarcar a linha"}};
@@ -143,6 +146,7 @@ public:
     void edtProcuraChange();
     void edtFuncionarioExit();
     void btnCopiarClick();
+    void edtProcuraTelaChange();
     void itMarcaLinhaClick();
     void itDesmarcaLinhaClick();
     void itMarcaColunaClick();

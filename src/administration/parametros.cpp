@@ -8,6 +8,7 @@ namespace {
 
 constexpr TOpcaoParametro ligado[] = {
     {"S", "Sim"},
+    {"N", "Não"},
 };
 
 constexpr TOpcaoParametro profundidade[] = {
@@ -20,6 +21,7 @@ constexpr TOpcaoParametro profundidade[] = {
 constexpr TOpcaoParametro consumos[] = {
     {"S", "Em cada setor"},
     {"U", "Só no último setor"},
+    {"N", "Não exige"},
 };
 
 constexpr TOpcaoParametro tolerancia[] = {

@@ -46,12 +46,10 @@ std::string TApplication::PerformSearch(const TUserEvent& event)
     auto* const dialog = TopDialog();
     if (!dialog || dialog->kind != TDialog::TKind::Lookup)
         return "Nenhuma pesquisa está aberta.";
-    if (!ValidUtf8(event.text))
-        return "O texto não é válido.";
-    dialog->OnSearch(event.text);
-    if (view_)
+    auto refusal = dialog->Search(event);
+    if (refusal.empty() && view_)
         view_->DialogChanged(*dialog);
-    return {};
+    return refusal;
 }
 
 std::string TApplication::PerformOpen(const TUserEvent& event)

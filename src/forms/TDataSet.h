@@ -170,6 +170,12 @@ public:
     TValue CellValue(std::size_t rowIndex, const TField& field) const; ///< null beyond the last row
     std::string CellText(std::size_t rowIndex, const TField& field) const;
 
+    /// The visible rows in the order of a field, each by its present index; equal ones stand as they do now, a new row that is being
+    /// inserted comes last. Nothing changes.
+    std::vector<std::size_t> Sorted(std::string_view field, TDirection direction) const;
+    /// What bookmarks know the visible rows by; -1 for a new row that is being inserted.
+    std::vector<std::int64_t> RowNumbers() const;
+
     void AddListener(IDataSetListener& listener);
     void RemoveListener(IDataSetListener& listener) { std::erase(listeners_, &listener); }
 

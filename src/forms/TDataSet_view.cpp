@@ -4,6 +4,7 @@
 #include "forms/text.h"
 
 #include <algorithm>
+#include <numeric>
 #include <stdexcept>
 #include <utility>
 
@@ -121,6 +122,31 @@ std::vector<TRowView::TKey> TDataSet::Columns(const std::vector<TSortKey>& keys)
     for (const TSortKey& key : keys)
         columns.push_back({FieldByName(key.field).column_, key.direction});
     return columns;
+}
+
+std::vector<std::int64_t> TDataSet::RowNumbers() const
+{
+    const auto& shown = View().Shown();
+    std::vector<std::int64_t> numbers(shown.begin(), shown.end());
+    if (state_ == TDataSetState::Insert)
+        numbers.insert(numbers.begin() + static_cast<std::ptrdiff_t>(view_.Cursor()), -1);
+    return numbers;
+}
+
+std::vector<std::size_t> TDataSet::Sorted(std::string_view field, TDirection direction) const
+{
+    const auto numbers = RowNumbers();
+    const auto& cells = rows_->Data().Column(FieldByName(field).column_);
+    std::vector<std::size_t> sorted(numbers.size());
+    std::iota(sorted.begin(), sorted.end(), std::size_t(0));
+    std::ranges::stable_sort(sorted, [&](std::size_t left, std::size_t right) {
+        if (numbers[left] < 0 || numbers[right] < 0)
+            return numbers[right] < 0 && numbers[left] >= 0;
+        const int order
+            = cells.Compare(static_cast<std::size_t>(numbers[left]), static_cast<std::size_t>(numbers[right]));
+        return direction == TDirection::Ascending ? order < 0 : order > 0;
+    });
+    return sorted;
 }
 
 void TDataSet::DropLostKeys()

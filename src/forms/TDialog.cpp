@@ -51,12 +51,30 @@ std::string TDialog::Answer(const TUserEvent& event)
 
 std::string TDialog::TakeRows(const TUserEvent& event)
 {
-    const auto count = rows ? static_cast<std::int64_t>(rows->RecordCount()) : 0;
     if (event.rows.empty() || (event.rows.size() > 1 && !multiple))
         return multiple ? "Escolha ao menos uma linha." : "Escolha uma linha.";
-    if (std::ranges::any_of(event.rows, [&](std::int64_t row) { return row < 0 || row >= count; }))
+    if (!HasRows(event.rows))
         return "A pesquisa não tem essa linha.";
     picked = event.rows;
+    return {};
+}
+
+bool TDialog::HasRows(const std::vector<std::int64_t>& wanted) const
+{
+    const auto count = rows ? static_cast<std::int64_t>(rows->RecordCount()) : 0;
+    return std::ranges::all_of(wanted, [count](std::int64_t row) { return row >= 0 && row < count; });
+}
+
+std::string TDialog::Search(const TUserEvent& event)
+{
+    if (!ValidUtf8(event.text))
+        return "O texto não é válido.";
+    if (!event.rows.empty() && !keepsPicks)
+        return "A pesquisa não guarda as linhas escolhidas.";
+    if (!HasRows(event.rows))
+        return "A pesquisa não tem essa linha.";
+    picked = event.rows;
+    OnSearch(event.text);
     return {};
 }
 

@@ -35,9 +35,10 @@ struct TDialog {
     // Lookup: what can be picked. The columns are the dataset's visible fields.
     TDataSet* rows = nullptr;
     bool multiple = false;
+    bool keepsPicks = false; ///< OnSearch puts the rows picked in front of those that it finds
     /// Asked for anew with each change of the search text; the lookup refills `rows`.
     TEvent<std::string_view> OnSearch = {};
-    std::vector<std::int64_t> picked = {}; ///< rows of `rows`, from 0
+    std::vector<std::int64_t> picked = {}; ///< rows of `rows`, from 0; in OnSearch those picked so far
     std::vector<std::string> files = {}; ///< Picture: to show
     IShownReport* report = nullptr; ///< Report
 
@@ -50,8 +51,11 @@ struct TDialog {
     TModalResult EscAnswer() const;
     /// Takes an answer. Empty, or why a person could not have given it; then nothing is changed.
     std::string Answer(const TUserEvent& event);
+    /// Another search text, with the rows that are picked. Empty, or why a person could not have done so.
+    std::string Search(const TUserEvent& event);
 
 private:
+    bool HasRows(const std::vector<std::int64_t>& wanted) const;
     std::string TakeRows(const TUserEvent& event);
     std::string TakeValue(const TUserEvent& event);
     static bool IsBlankDate(std::string_view text);

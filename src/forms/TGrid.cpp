@@ -65,7 +65,7 @@ void TGrid::SetDataSet(TDataSet* dataset)
     dataset_ = dataset;
     if (dataset_)
         dataset_->AddListener(*this);
-    DataSetRowsChanged();
+    SortRows(order_.Field(), order_.Direction());
 }
 
 // Columns
@@ -227,18 +227,32 @@ bool TGrid::HasRows() const { return dataset_ && dataset_->Active() && !dataset_
 
 std::size_t TGrid::RowCount() const { return dataset_ && dataset_->Active() ? dataset_->RecordCount() : 0; }
 
-std::int64_t TGrid::CurrentRow() const { return HasRows() ? static_cast<std::int64_t>(dataset_->RecNo()) - 1 : -1; }
+std::int64_t TGrid::CurrentRow() const
+{
+    return HasRows() ? static_cast<std::int64_t>(PlaceOf(dataset_->RecNo() - 1)) : -1;
+}
+
+void TGrid::SortRows(std::string_view field, TDirection direction)
+{
+    order_.Choose(field, direction);
+    DataSetRowsChanged();
+}
+
+std::size_t TGrid::DataRow(std::size_t place) const { return dataset_ ? order_.DataRow(*dataset_, place) : place; }
+
+std::size_t TGrid::PlaceOf(std::size_t dataRow) const { return dataset_ ? order_.Place(*dataset_, dataRow) : dataRow; }
 
 std::string TGrid::CellText(std::size_t row, const TGridColumn& column) const
 {
     const auto* field = dataset_ ? dataset_->FindField(column.field) : nullptr;
     if (!field || row >= RowCount())
         return {};
+    const auto dataRow = DataRow(row);
     if (column.tick)
-        return dataset_->CellValue(row, *field).AsString();
+        return dataset_->CellValue(dataRow, *field).AsString();
     if (column.decimals < 0)
-        return dataset_->CellText(row, *field);
-    const auto value = dataset_->CellValue(row, *field);
+        return dataset_->CellText(dataRow, *field);
+    const auto value = dataset_->CellValue(dataRow, *field);
     return value.IsEmpty() ? std::string() : FormatDecimal(value.AsFloat(), column.decimals);
 }
 
@@ -249,7 +263,7 @@ TRowColor TGrid::RowColor(std::size_t row) const
     if (row >= RowCount())
         return color;
     try {
-        OnRowColor(row, color);
+        OnRowColor(DataRow(row), color);
     } catch (...) {
         return TRowColor::Normal;
     }
@@ -259,6 +273,7 @@ TRowColor TGrid::RowColor(std::size_t row) const
 void TGrid::DataSetRowsChanged()
 {
     ++rowsVersion_;
+    order_.RowsChanged();
     DataSetCursorChanged();
 }
 
@@ -296,6 +311,9 @@ void TGrid::Describe(IPropertySink& sink) const
     sink.Number("rowsVersion", static_cast<std::int64_t>(rowsVersion_));
     sink.Number("row", CurrentRow());
     sink.Text("column", Column());
+    sink.Flag("sortable", SortsByTitle());
+    sink.Text("sortColumn", order_.Field());
+    sink.Flag("sortDescending", order_.Direction() == TDirection::Descending);
     sink.Flag("rowInEdit", dataset_ && dataset_->IsEditing());
     sink.Flag("editing", editing_);
     sink.Text("editorText", editorText_);

@@ -3,6 +3,7 @@
 #include "forms/TControl.h"
 #include "forms/TDataSet.h"
 #include "forms/TGridColumn.h"
+#include "forms/TGridOrder.h"
 #include "forms/TPastedRows.h"
 
 namespace alinhavo {
@@ -28,7 +29,7 @@ struct TGridOptions {
     bool totals = false; ///< numbers are added up below the rows, until the user says otherwise
 };
 
-/// The rows of a dataset. The current row is the dataset's; what is typed stands in the editor of the current cell until
+/// The rows of a dataset, in its order or in the one that a person has chosen for his eyes alone. The current row is the dataset's; what is typed stands in the editor of the current cell until
 /// the cell is left, or a key other than those of typing is pressed, and then goes into the field.
 ///
 /// Enter posts the row and goes to the next one in the same column; Tab goes to the next column that may be edited, and
@@ -68,7 +69,17 @@ public:
     bool Editing() const { return editing_; } ///< what is typed is not in the field yet
     const std::string& EditorText() const { return editorText_; }
 
-    // For what shows it.
+    // The order of the rows on the screen, which the dataset knows nothing of
+    /// A click on a title sorts the rows: the screen has no rule of its own for it.
+    bool SortsByTitle() const { return !OnTitleClick.connected(); }
+    /// An empty field: as the dataset has them. While there is no such field, likewise.
+    void SortRows(std::string_view field, TDirection direction);
+    const TGridOrder& Order() const { return order_; }
+    /// Index in the dataset of the row at that place, and the other way round.
+    std::size_t DataRow(std::size_t place) const;
+    std::size_t PlaceOf(std::size_t dataRow) const;
+
+    // For what shows it: rows by their place on the screen.
     std::size_t RowCount() const;
     std::int64_t CurrentRow() const; ///< from 0, -1 when empty
     std::string CellText(std::size_t row, const TGridColumn& column) const;
@@ -86,7 +97,7 @@ public:
     TEvent<> OnDoubleClick;
     /// The popup menu is about to open on the current row and the column.
     TEvent<std::string_view> OnPopup;
-    /// Asked per row in view; reads the row by TDataSet::CellValue, changes nothing.
+    /// Asked per row in view, by its index in the dataset; reads the row by TDataSet::CellValue, changes nothing.
     TEvent<std::size_t, TRowColor&> OnRowColor;
 
     void Describe(IPropertySink& sink) const override;
@@ -121,6 +132,9 @@ private:
     bool EscKey();
     bool InsertKey();
     bool SpaceKey();
+    void Step(std::int64_t rows);
+    void GoToPlace(std::size_t place);
+    void SortByTitle(std::string_view field);
     bool SideKey(int step);
     bool PageKey(const TKey& key);
 
@@ -148,6 +162,7 @@ private:
     mutable std::vector<TGridColumn> columns_;
     bool ownColumns_ = false; ///< given by the screen, not taken from the dataset
     mutable int column_ = 0;
+    TGridOrder order_;
     TGridExit onExit_;
     int lines_;
     bool totals_;

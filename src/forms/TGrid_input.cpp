@@ -30,7 +30,7 @@ void TGrid::GoToCell(std::int64_t row, int column)
     if (row == static_cast<std::int64_t>(RowCount()))
         dataset_->Append();
     else if (row != CurrentRow())
-        dataset_->GoToRow(static_cast<std::size_t>(row));
+        GoToPlace(static_cast<std::size_t>(row));
     GoToColumn(column);
 }
 
@@ -190,7 +190,10 @@ std::string TGrid::PerformTitle(const TUserEvent& event)
         return {};
     CommitInput();
     const std::string field = columns_[column].field;
-    OnTitleClick(field);
+    if (SortsByTitle())
+        SortByTitle(field);
+    else
+        OnTitleClick(field);
     return {};
 }
 
@@ -205,6 +208,16 @@ std::string TGrid::PerformPaste(const TUserEvent& event)
     CommitInput();
     OnPaste(PastedRows(event.text));
     return {};
+}
+
+/// Upwards, downwards, and then as the screen has them.
+void TGrid::SortByTitle(std::string_view field)
+{
+    const bool sorted = SameText(order_.Field(), field);
+    if (sorted && order_.Direction() == TDirection::Descending)
+        SortRows({}, TDirection::Ascending);
+    else
+        SortRows(field, sorted ? TDirection::Descending : TDirection::Ascending);
 }
 
 std::string TGrid::PerformOpenMenu(const TUserEvent& event)
@@ -277,7 +290,7 @@ bool TGrid::EnterKey()
     if (!HasRows())
         return false;
     if (!AtLastRow())
-        dataset_->Next();
+        Step(1);
     else if (!ReadOnly())
         dataset_->CheckBrowse();
     return true;
@@ -295,7 +308,7 @@ bool TGrid::TabKey(bool forward)
         return true;
     }
     if (forward ? !AtLastRow() : CurrentRow() > 0)
-        dataset_->MoveBy(step);
+        Step(step);
     else if (forward && MayInsert() && !IsUntouchedNewRow())
         dataset_->Append();
     else
@@ -307,7 +320,7 @@ bool TGrid::TabKey(bool forward)
 bool TGrid::DownKey()
 {
     if (HasRows() && !AtLastRow())
-        dataset_->Next();
+        Step(1);
     else if (MayInsert() && !IsUntouchedNewRow())
         dataset_->Append();
     return true;
@@ -315,7 +328,7 @@ bool TGrid::DownKey()
 
 bool TGrid::UpKey()
 {
-    dataset_->Prior();
+    Step(-1);
     return true;
 }
 
@@ -363,12 +376,27 @@ bool TGrid::PageKey(const TKey& key)
     if (!HasRows())
         return true;
     if (key.name == "Home")
-        dataset_->First();
+        Step(-static_cast<std::int64_t>(RowCount()));
     else if (key.name == "End")
-        dataset_->Last();
+        Step(static_cast<std::int64_t>(RowCount()));
     else
-        dataset_->MoveBy(key.name == "PgUp" ? -lines_ : lines_);
+        Step(key.name == "PgUp" ? -lines_ : lines_);
     return true;
 }
+
+/// Among the rows as they stand on the screen, not beyond the first and the last one.
+void TGrid::Step(std::int64_t rows)
+{
+    if (order_.Field().empty() || !HasRows())
+        return dataset_->MoveBy(rows);
+    const auto last = static_cast<std::int64_t>(RowCount()) - 1;
+    const auto place = std::clamp<std::int64_t>(CurrentRow() + rows, 0, last);
+    if (place == CurrentRow())
+        dataset_->CheckBrowse();
+    else
+        GoToPlace(static_cast<std::size_t>(place));
+}
+
+void TGrid::GoToPlace(std::size_t place) { dataset_->GoToRow(DataRow(place)); }
 
 } // namespace alinhavo

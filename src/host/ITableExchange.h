@@ -8,6 +8,8 @@
 
 namespace alinhavo {
 
+class TOrvQuery;
+
 /// What an import does with a row that is in the table already, and looks otherwise in the file.
 enum class TExistingRows { Update, Skip };
 
@@ -66,6 +68,8 @@ public:
     /// no import.
     virtual std::unique_ptr<IImport> Compare(const TTableDecl& table, const std::string& file, TExistingRows existing)
         = 0;
+    /// Opens the query on all rows of the table, in the order of its key, with the columns and titles under which they go out.
+    virtual void Show(const TTableDecl& table, TOrvQuery& rows) = 0;
 };
 
 /// True where rows come from persons: the others are kept by the module as work goes on, or by the program for itself.

@@ -53,18 +53,24 @@ TStatement InParentheses(const TStatement& condition)
 /// The rows of a run are the lookup's until the run ends; a run within a handler of another gives them back to it.
 class TPesquisa::TRun {
 public:
-    TRun(TPesquisa& lookup, TOrvQuery& rows)
+    TRun(TPesquisa& lookup, TOrvQuery& rows, TDialog& dialog)
         : lookup_(lookup)
         , outer_(std::exchange(lookup.rows_, &rows))
+        , outerDialog_(std::exchange(lookup.dialog_, &dialog))
     {
     }
-    ~TRun() { lookup_.rows_ = outer_; }
+    ~TRun()
+    {
+        lookup_.rows_ = outer_;
+        lookup_.dialog_ = outerDialog_;
+    }
     TRun(const TRun&) = delete;
     TRun& operator=(const TRun&) = delete;
 
 private:
     TPesquisa& lookup_;
     TOrvQuery* outer_;
+    TDialog* outerDialog_;
 };
 
 TPesquisa::TPesquisa(TOrvForm& owner, std::string name, TPesquisaOptions options)
@@ -77,15 +83,16 @@ TPesquisa::TPesquisa(TOrvForm& owner, std::string name, TPesquisaOptions options
 void TPesquisa::AbrePesquisa()
 {
     TOrvQuery rows(form_.Database());
-    const TRun run(*this, rows);
-    Search("");
+    TDialog dialog;
+    const TRun run(*this, rows, dialog);
+    Find("");
     ShowColumns();
 
-    TDialog dialog;
     dialog.kind = TDialog::TKind::Lookup;
     dialog.title = Title();
     dialog.rows = &rows;
     dialog.multiple = Options.MultiSelecao;
+    dialog.keepsPicks = Options.MultiSelecao;
     dialog.OnSearch.connect(this, &TPesquisa::Search);
     if (form_.Application().ShowDialog(dialog) != TModalResult::Ok)
         return;
@@ -145,7 +152,52 @@ TStatement TPesquisa::RowsWith(std::string_view text) const
     return sql.Add(" FETCH FIRST 300 ROWS ONLY");
 }
 
+/// Anew: what was picked before stays picked, in front of what is found.
 void TPesquisa::Search(std::string_view text)
+{
+    const auto kept = Picked();
+    Find(text);
+    PutInFront(kept);
+}
+
+std::vector<TPesquisa::TCells> TPesquisa::Picked() const
+{
+    std::vector<TCells> picked;
+    for (const auto row : dialog_->picked)
+        picked.push_back(RowAt(static_cast<std::size_t>(row)));
+    return picked;
+}
+
+TPesquisa::TCells TPesquisa::RowAt(std::size_t row) const
+{
+    TCells cells;
+    for (const auto* field : rows_->Fields())
+        cells.push_back(rows_->CellValue(row, *field));
+    return cells;
+}
+
+void TPesquisa::PutInFront(const std::vector<TCells>& kept)
+{
+    if (kept.empty())
+        return;
+    const auto quiet = rows_->DisableControls();
+    for (std::size_t row = rows_->RecordCount(); row-- > 0;) {
+        if (std::ranges::find(kept, RowAt(row)) == kept.end())
+            continue;
+        rows_->GoToRow(row);
+        rows_->Delete();
+    }
+    for (auto cells = kept.rbegin(); cells != kept.rend(); ++cells) {
+        rows_->First();
+        rows_->Insert();
+        for (std::size_t index = 0; index < cells->size(); ++index)
+            rows_->Fields()[index]->Set((*cells)[index]);
+        rows_->Post();
+    }
+    rows_->First();
+}
+
+void TPesquisa::Find(std::string_view text)
 {
     rows_->SQL = RowsWith(text);
     rows_->Open();

@@ -15,6 +15,7 @@ class TControl;
 class TOrvForm;
 class TOrvQuery;
 class TOrvTable;
+struct TDialog;
 struct TKey;
 struct TTableDecl;
 
@@ -53,11 +54,18 @@ private:
     std::string Title() const;
     TStatement RowsWith(std::string_view text) const;
     void Search(std::string_view text);
+    void Find(std::string_view text);
+    /// All cells of the rows that are picked.
+    using TCells = std::vector<TValue>;
+    std::vector<TCells> Picked() const;
+    void PutInFront(const std::vector<TCells>& kept);
+    TCells RowAt(std::size_t row) const;
     void ShowColumns();
     void PlaceShared();
 
     TOrvForm& form_;
     TOrvQuery* rows_ = nullptr; ///< of the run that is under way
+    TDialog* dialog_ = nullptr; ///< likewise, while it is shown
     std::vector<std::string> searched_;
 };
 

@@ -52,7 +52,7 @@ public:
              {.field = "USUARIO", .title = "Usuário", .width = 14},
              {.field = "OPERACAO", .title = "Operação", .width = 11},
              {.field = "MODULO", .title = "Módulo", .width = 24}, {.field = "CHAVE", .title = "Chave", .width = 12},
-             {.field = "TEXTO", .title = "Texto", .width = 60}},
+             {.field = "TEXTO", .title = "Texto", .width = 76}},
             .lines = 14,
             .readOnly = true}};
     TDBMemo mmTexto{*this, "mmTexto", QryLog, "TEXTO", {.caption = "Texto da linha", .lines = 3, .readOnly = true}};

@@ -5,10 +5,12 @@ const titles = {
     fmExemplo: "Tingimento de Botões",
     fmLeitura: "Leitura de Código de Barras",
     fmControles: "Controles",
+    fmFolhas: "Folhas",
     fmCadFluxo: "Cadastro de Setores",
     fmFacFluxo: "Cadastro de Fluxos",
     fmFacMov: "Movimentação de Setores",
     fmNovaOF: "Ordem de Fabricação",
+    fmImportaExporta: "Importar e exportar tabelas",
     fmTabela_CADCOR: "Cores",
     fmTabela_FAIXA_ITEN: "Tamanhos da faixa",
     fmTabela_PRODUTO: "Produtos",
@@ -17,6 +19,8 @@ const titles = {
     fmLog: "Registro de alterações",
     fmConectados: "Quem está conectado",
     fmTrocaSenha: "Trocar senha",
+    fmRelFacPen: "Pendente por Setor",
+    fmRelFacDia: "Relatório de Produção Dia",
 };
 
 export class Screen {

@@ -14,6 +14,9 @@ constexpr auto Demora = std::chrono::milliseconds(3500);
 TfmControles::TfmControles(TApplication& app)
     : TForm(app, "TfmControles", "Controles")
 {
+    edtFaccoes.SetPopupMenu(&menuFaccoes);
+    itTodas.OnClick.connect(this, &TfmControles::itTodasClick);
+    itNenhuma.SetEnabled(false);
     dbgPecas.OnRowColor.connect(this, &TfmControles::dbgPecasRowColor);
     lstFotos.OnChange.connect(this, &TfmControles::lstFotosChange);
     btnArquivo.OnClick.connect(this, &TfmControles::btnArquivoClick);
@@ -42,6 +45,8 @@ void TfmControles::dbgPecasRowColor(std::size_t row, TRowColor& color)
     if (TbPecas.CellValue(row, TbPecas.Qtde).AsFloat() > 50)
         color = TRowColor::Warning;
 }
+
+void TfmControles::itTodasClick() { edtFaccoes.SetText("'00001','00002'"); }
 
 void TfmControles::lstFotosChange() { imgFoto.SetFile(lstFotos.File()); }
 

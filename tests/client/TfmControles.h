@@ -11,7 +11,9 @@
 #include "forms/TLabel.h"
 #include "forms/TMemo.h"
 #include "forms/TMemTable.h"
+#include "forms/TMenuItem.h"
 #include "forms/TNumberEdit.h"
+#include "forms/TPopupMenu.h"
 #include "forms/TRadioButton.h"
 #include "forms/TRow.h"
 
@@ -32,6 +34,9 @@ public:
 
     TTbPecas TbPecas;
 
+    TPopupMenu menuFaccoes{*this, "menuFaccoes"};
+    TMenuItem itTodas{menuFaccoes, "itTodas", {.caption = "&Todas as facções"}};
+    TMenuItem itNenhuma{menuFaccoes, "itNenhuma", {.caption = "&Nenhuma"}};
     TRow pnlCampos{*this, "pnlCampos"};
     TEdit edtFaccoes{pnlCampos, "edtFaccoes", {.caption = "&Facções", .lookup = true}};
     TNumberEdit edtValor{pnlCampos, "edtValor", {.caption = "&Valor", .decimals = 2}};
@@ -56,6 +61,7 @@ public:
 
 private:
     void dbgPecasRowColor(std::size_t row, TRowColor& color);
+    void itTodasClick();
     void lstFotosChange();
     void btnArquivoClick();
     void btnVerClick();

@@ -62,7 +62,7 @@ test("a new user gets a first password, comes in with it, changes it, and is ref
     const rosa = await elsewhere(browser, line, "fmTrocaSenha");
     await worksAs(rosa.screen, "rosa", "agulha e dedal");
     await rosa.screen.open("trocar senha");
-    await types(rosa.screen, "agulha e dedo", "botão de osso", "botão de osso");
+    await types(rosa.screen, "agulha e dedo", "tesoura sem ponta", "tesoura sem ponta");
     await rosa.screen.press("Control+Enter");
     await rosa.screen.asks("A senha atual não confere.");
     await rosa.screen.press("Enter");
@@ -74,7 +74,7 @@ test("a new user gets a first password, comes in with it, changes it, and is ref
     await rosa.screen.asksNothing();
 
     assert.equal(await loginOf(rosa.context, line, "ROSA", "agulha e dedal"), 401);
-    assert.equal(await loginOf(rosa.context, line, "ROSA", "botão de osso"), 200);
+    assert.equal(await loginOf(rosa.context, line, "ROSA", "tesoura sem ponta"), 200);
     await rosa.context.close();
 });
 

@@ -27,6 +27,22 @@ export async function startFactory() {
     const database = join(folder, "demo.fdb");
     process.env.FIREBIRD_LOCK ??= folder;
     await promisify(execFile)(product, ["demo", "--banco", database, "--hoje", today]);
+    return serveFactory(folder, database);
+}
+
+/** The product on a database that holds nothing but ADMIN, with the password of every test. */
+export async function startEmpty(password) {
+    const folder = await mkdtemp(join(tmpdir(), "alinhavo-"));
+    const database = join(folder, "fabrica.fdb");
+    process.env.FIREBIRD_LOCK ??= folder;
+    await promisify(execFile)(product, ["cria", "--banco", database]);
+    const setting = promisify(execFile)(product, ["senha", "ADMIN", "--banco", database]);
+    setting.child.stdin.end(`${password}\n`);
+    await setting;
+    return serveFactory(folder, database);
+}
+
+async function serveFactory(folder, database) {
     const options = ["servir", "--banco", database, "--porta", "0", "--cliente", `${root}client/dist`, "--hoje", today];
     const server = await serve(product, options, (child) => child.kill("SIGTERM"));
     return {

@@ -202,3 +202,104 @@ test("a grid is given as a file for a spreadsheet", { ...controls }, async (scre
     const [xlsx] = await Promise.all([page.waitForEvent("download"), page.getByRole("menuitem", { name: "Exportar para planilha" }).click()]);
     assert.match(xlsx.suggestedFilename(), /\.xlsx$/);
 });
+
+const colors = async (screen) => {
+    const cells = await screen.control("dbgPecas").locator('.ag-row [col-id="Cor"]').all();
+    const rows = await Promise.all(cells.map(async (cell) => [Number(await cell.locator("xpath=ancestor::*[@row-index]").getAttribute("row-index")), await cell.innerText()]));
+    return rows.sort(([a], [b]) => a - b).map(([, text]) => text);
+};
+const standing = (screen, expected) =>
+    screen.until(`the rows stand ${expected}`, async () => (await colors(screen)).join() === expected, 5000).catch(async () => assert.equal((await colors(screen)).join(), expected));
+const title = (screen, column) => screen.control("dbgPecas").locator(`.ag-header-cell[col-id="${column}"]`);
+
+test("a click on a title sorts the rows, up, down and not at all", controls, async (screen) => {
+    await standing(screen, "Azul,Branco,Cinza,Preto,Verde");
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await standing(screen, "Azul,Branco,Cinza,Preto,Verde");
+    assert.match(await title(screen, "Cor").innerText(), /Cor ▲/);
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await standing(screen, "Verde,Preto,Cinza,Branco,Azul");
+    assert.match(await title(screen, "Cor").innerText(), /Cor ▼/);
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await standing(screen, "Azul,Branco,Cinza,Preto,Verde");
+    assert.equal((await title(screen, "Cor").innerText()).trim(), "Cor");
+});
+
+test("what is done in a sorted grid reaches the row that is seen", controls, async (screen, { page }) => {
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await screen.cell("dbgPecas", 0, "Qtde").click();
+    await screen.settled();
+    for (const amount of ["11", "22", "33"]) {
+        await screen.keyboard.type(amount);
+        await screen.press("Enter");
+    }
+    await screen.settled();
+    await standing(screen, "Verde,Preto,Cinza,Branco,Azul");
+    await screen.hasCell("dbgPecas", 0, "Qtde", "11");
+    await screen.hasCell("dbgPecas", 2, "Qtde", "33");
+    await screen.press("Shift+F10");
+    const [csv] = await Promise.all([page.waitForEvent("download"), page.getByRole("menuitem", { name: "Exportar como texto" }).click()]);
+    const text = await (await import("node:fs/promises")).readFile(await csv.path(), "utf8");
+    assert.match(text, /Verde;11;[^]*Preto;22;[^]*Cinza;33;[^]*Branco;10;[^]*Azul;10;/);
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await screen.hasCell("dbgPecas", 4, "Qtde", "11");
+    assert.equal(await screen.cell("dbgPecas", 4, "Cor").innerText(), "Verde");
+});
+
+test("the order of the rows is kept for their user", { ...controls }, async (screen, { page }) => {
+    await title(screen, "Cor").click();
+    await screen.settled();
+    await Promise.all([
+        page.waitForRequest((request) => request.url().endsWith("/preferencias") && request.method() === "PUT"),
+        title(screen, "Cor").click(),
+    ]);
+    await standing(screen, "Verde,Preto,Cinza,Branco,Azul");
+    await page.evaluate(() => sessionStorage.setItem("sessao", "nova"));
+    await page.reload();
+    await screen.ready();
+    await standing(screen, "Verde,Preto,Cinza,Branco,Azul");
+    await screen.cell("dbgPecas", 0, "Cor").click();
+    await screen.press("Shift+F10");
+    await page.getByRole("menuitem", { name: "Colunas como no início" }).click();
+    await screen.settled();
+    await standing(screen, "Azul,Branco,Cinza,Preto,Verde");
+});
+
+test("rows are sorted by the keyboard as well", controls, async (screen, { page }) => {
+    await screen.cell("dbgPecas", 0, "Cor").click();
+    await screen.settled();
+    for (let click = 0; click < 2; ++click) {
+        await screen.press("Shift+F10");
+        await page.getByRole("menuitem", { name: "Ordenar por Cor" }).waitFor();
+        await screen.press("Enter");
+        await screen.settled();
+    }
+    await standing(screen, "Verde,Preto,Cinza,Branco,Azul");
+});
+
+for (const way of ["mouse", "menu key"]) {
+    test(`a popup menu of a field opens by the ${way}`, controls, async (screen, { page }) => {
+        const field = screen.field("edtFaccoes");
+        if (way === "mouse") await field.click({ button: "right" });
+        else await screen.press("Alt+f", "ContextMenu");
+        const item = page.getByRole("menuitem", { name: "Todas as facções" });
+        await item.waitFor();
+        assert.ok(await page.getByRole("menuitem", { name: "Nenhuma" }).isDisabled());
+        await screen.press("Enter");
+        await screen.hasText("edtFaccoes", "'00001','00002'");
+        await screen.hasFocus("edtFaccoes");
+    });
+}
+
+test("a field without a menu of its screen opens none", controls, async (screen, { page }) => {
+    await screen.press("Alt+v", "Shift+F10");
+    await screen.settled();
+    assert.equal(await page.getByRole("menu").count(), 0);
+});

@@ -1,6 +1,7 @@
 // Serves the example screens to browsers until its input ends: exemplo_servidor FOLDER [PORT]
 
 #include "client/TfmControles.h"
+#include "client/TfmFolhas.h"
 #include "client/TfmLeitura.h"
 #include "example/TfmExemplo.h"
 #include "platform/database/schema.h"
@@ -63,6 +64,7 @@ public:
         application_.RegisterForm("TfmExemplo", Make<TfmExemplo>);
         application_.RegisterForm("TfmControles", Make<TfmControles>);
         application_.RegisterForm("TfmLeitura", Make<TfmLeitura>);
+        application_.RegisterForm("TfmFolhas", Make<TfmFolhas>);
         application_.OpenGrid();
         application_.LoadForm("TfmControles").Show();
         application_.LoadForm("TfmLeitura").Show();
@@ -76,8 +78,8 @@ public:
 
 private:
     TSewingApplication application_;
-    std::vector<TMenuEntry> menu_ = {
-        {"Exemplos", "Tingimento de Botões", "TfmExemplo"}, {"Exemplos", "Leitura de Código de Barras", "TfmLeitura"}};
+    std::vector<TMenuEntry> menu_ = {{"Exemplos", "Tingimento de Botões", "TfmExemplo"},
+        {"Exemplos", "Leitura de Código de Barras", "TfmLeitura"}, {"Exemplos", "Folhas", "TfmFolhas"}};
 };
 
 /// Anybody comes in with the password "demo".

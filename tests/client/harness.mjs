@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import { mkdir } from "node:fs/promises";
 import { fileURLToPath } from "node:url";
-import { startBrowser, startFactory, startServer } from "./browser.mjs";
+import { startBrowser, startEmpty, startFactory, startServer } from "./browser.mjs";
 import { slowLine } from "./slowLine.mjs";
 import { Screen } from "./Screen.mjs";
 
@@ -14,7 +14,8 @@ const pictures = fileURLToPath(new URL("../../build/screenshots/", import.meta.u
 
 /**
  * `options`: delay in milliseconds each way, colorScheme, size of the window, screen (the one brought to the front; null: nobody has come
- * in yet), factory (the demonstration factory instead of the example screens), user (who works in it) and opens (what is searched in
+ * in yet), factory (the demonstration factory instead of the example screens), user (who works in it), empty (an empty
+ * database, where ADMIN alone works, instead of the example screens) and opens (what is searched in
  * the menu for the screen).
  */
 export function test(name, options, action) {
@@ -40,8 +41,8 @@ export async function runAll() {
 }
 
 /** Tests of different lanes run side by side: those that wait for a slow line, those on the factory, and the others. */
-function laneOf({ factory, delay }) {
-    if (factory) return "factory";
+function laneOf({ factory, empty, delay }) {
+    if (factory || empty) return "factory";
     return delay ? "slow" : "";
 }
 
@@ -64,20 +65,22 @@ async function runLane(lane, browser, servers, outcome) {
 class Servers {
     #example = null;
     #factory = null;
+    #empty = null;
 
-    of({ factory }) {
+    of({ factory, empty }) {
+        if (empty) return (this.#empty ??= startEmpty(password));
         return factory ? (this.#factory ??= startFactory()) : (this.#example ??= startServer());
     }
 
     async stop() {
-        for (const server of [this.#example, this.#factory]) await (await server)?.stop();
+        for (const server of [this.#example, this.#factory, this.#empty]) await (await server)?.stop();
     }
 }
 
 let users = 0;
 
 /** Each test has a user of its own: nobody finds what another has arranged, or left open. */
-async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, opens, user = `USER${++users}` }, action) {
+async function runOne(browser, server, { delay = 0, colorScheme = "light", size = { width: 1280, height: 800 }, screen: name = "fmExemplo", factory, empty, opens, user = `USER${++users}` }, action) {
     const line = await slowLine(server.port, delay);
     const context = await browser.newContext({ viewport: size, colorScheme, locale: "pt-BR" });
     const errors = [];
@@ -87,9 +90,9 @@ async function runOne(browser, server, { delay = 0, colorScheme = "light", size 
         if (name) await comeIn(context, line.url, user);
         await page.goto(line.url);
         const screen = new Screen(page, name, pictures);
-        if (factory) await screen.settled();
+        if (factory || empty || opens) await screen.settled();
         if (opens) await screen.open(opens);
-        if (!factory && name) await screen.ready();
+        if (!factory && !empty && name) await screen.ready();
         await action(screen, { page, line, context, server, user, browser });
         assert.deepEqual(errors, [], "errors of the page");
     } finally {

@@ -16,5 +16,7 @@ import "./protocol.test.mjs";
 import "./master.test.mjs";
 import "./tables.test.mjs";
 import "./administration.test.mjs";
+import "./exchange.test.mjs";
+import "./report.test.mjs";
 
 await runAll();

@@ -5,6 +5,8 @@
 #include "forms/TStringGrid.h"
 #include "TfmProbe.h"
 
+#include <map>
+
 namespace alinhavo {
 namespace {
 
@@ -56,6 +58,23 @@ protected:
     std::string Text(std::string text)
     {
         return user.Do({.kind = GridText, .control = "dbg", .text = std::move(text)});
+    }
+
+    /// The colours of the rows from top to bottom.
+    TTexts Shown() const
+    {
+        TTexts shown;
+        for (std::size_t row = 0; row < form.dbg.RowCount(); ++row)
+            shown.push_back(form.dbg.CellText(row, form.dbg.Columns()[0]));
+        return shown;
+    }
+
+    void Prices(const std::map<std::string, double>& prices)
+    {
+        form.tb.ForEach([&] {
+            form.tb.Edit();
+            form.tb.Preco = prices.at(form.tb.Cor.value());
+        });
     }
 
     TScriptedUser user;
@@ -329,6 +348,124 @@ TEST(PastedRows, KeepLineBreaksTabsAndQuotesOfAQuotedCell)
     EXPECT_EQ(PastedRows("\"a\nb\"\tc"), (TPastedRows{{"a\nb", "c"}}));
     EXPECT_EQ(PastedRows("\"a\tb\"\n\"12\"\" x\""), (TPastedRows{{"a\tb"}, {"12\" x"}}));
     EXPECT_EQ(PastedRows("\"open"), (TPastedRows{{"open"}}));
+}
+
+TEST_F(Grid, StandsInTheOrderOfATitleAndTheTableDoesNot)
+{
+    Prices({{"01", 3}, {"02", 1}, {"03", 2}});
+    user.Do({.kind = GridTitle, .control = "dbg", .column = "Preco"});
+    EXPECT_EQ(Shown(), (TTexts{"02", "03", "01"}));
+    EXPECT_EQ(form.dbg.CurrentRow(), 2) << "the current row is still the first one of the table";
+    TTexts own;
+    form.tb.ForEach([&] { own.push_back(form.tb.Cor.value()); });
+    EXPECT_EQ(own, (TTexts{"01", "02", "03"}));
+    EXPECT_TRUE(form.tb.Order().empty());
+
+    user.Do({.kind = GridTitle, .control = "dbg", .column = "Preco"});
+    EXPECT_EQ(Shown(), (TTexts{"01", "03", "02"}));
+    user.Do({.kind = GridTitle, .control = "dbg", .column = "Preco"});
+    EXPECT_EQ(Shown(), (TTexts{"01", "02", "03"}));
+}
+
+TEST_F(Grid, LeavesTheTitleToAScreenWithARuleOfItsOwn)
+{
+    std::string clicked;
+    form.dbg.OnTitleClick.connect([&](std::string_view column) { clicked = column; });
+    user.Do({.kind = GridTitle, .control = "dbg", .column = "Preco"});
+    EXPECT_EQ(clicked, "Preco");
+    EXPECT_EQ(form.dbg.Order().Field(), "");
+    EXPECT_FALSE(form.dbg.SortsByTitle());
+}
+
+TEST_F(Grid, ReachesTheRowThatIsSeen)
+{
+    Prices({{"01", 3}, {"02", 1}, {"03", 2}});
+    form.dbg.SortRows("Preco", TDirection::Ascending);
+    user.Cell("dbg", 0, "Quant");
+    EXPECT_EQ(form.tb.Cor.value(), "02");
+    user.Press("dbg", "Down");
+    EXPECT_EQ(form.tb.Cor.value(), "03");
+    user.Press("dbg", "Ctrl+End");
+    EXPECT_EQ(form.tb.Cor.value(), "01");
+    user.Press("dbg", "Up");
+    EXPECT_EQ(form.tb.Cor.value(), "03");
+    user.Press("dbg", "Ctrl+Home");
+    user.Press("dbg", "Up");
+    EXPECT_EQ(form.tb.Cor.value(), "02");
+    user.Do({.kind = GridTick, .control = "dbg", .column = "Sel", .row = 2, .flag = true});
+    EXPECT_EQ(form.tb.CellValue(0, form.tb.Sel).AsString(), "S");
+    EXPECT_EQ(form.dbg.CellText(2, form.dbg.Columns()[3]), "S");
+    form.dbg.OnRowColor.connect([&](std::size_t row, TRowColor& color) {
+        if (form.tb.CellValue(row, form.tb.Cor).AsString() == "01")
+            color = TRowColor::Good;
+    });
+    EXPECT_EQ(form.dbg.RowColor(2), TRowColor::Good);
+}
+
+TEST_F(Grid, KeepsRowsInTheirPlacesWhileAPersonTypes)
+{
+    Prices({{"01", 3}, {"02", 1}, {"03", 2}});
+    form.dbg.SortRows("Preco", TDirection::Ascending);
+    EXPECT_EQ(user.TypeCell("dbg", 0, "Preco", "9"), "");
+    EXPECT_EQ(Shown(), (TTexts{"02", "03", "01"}));
+    EXPECT_EQ(form.tb.Cor.value(), "03") << "Enter goes to the row below";
+    EXPECT_EQ(user.TypeCell("dbg", 2, "Preco", "0"), "");
+    EXPECT_EQ(form.tb.CellValue(0, form.tb.Preco).AsFloat(), 0);
+    EXPECT_EQ(posted, 5) << "three times by the set-up, and each row that was left";
+
+    form.tb.CanInsert = true;
+    user.Press("dbg", "Down");
+    EXPECT_EQ(form.tb.State(), TDataSetState::Insert);
+    form.tb.Cor = "04";
+    form.tb.Preco = 1;
+    form.tb.Post();
+    EXPECT_EQ(Shown(), (TTexts{"02", "03", "01", "04"}));
+    form.tb.First();
+    form.tb.Delete();
+    EXPECT_EQ(Shown(), (TTexts{"02", "03", "04"}));
+
+    form.tb.EmptyTable();
+    for (const auto* cor : {"b", "ã", "", "A"}) {
+        form.tb.Append();
+        form.tb.Cor = cor;
+        form.tb.Post();
+    }
+    form.dbg.SortRows("Cor", TDirection::Ascending);
+    EXPECT_EQ(Shown(), (TTexts{"", "A", "ã", "b"}));
+}
+
+TEST_F(Grid, SortsDataThatAreLoadedAnew)
+{
+    form.dbg.SortRows("Preco", TDirection::Descending);
+    form.tb.EmptyTable();
+    for (const int price : {2, 7, 5}) {
+        form.tb.Append();
+        form.tb.Cor = std::to_string(price);
+        form.tb.Preco = price;
+        form.tb.Post();
+    }
+    EXPECT_EQ(Shown(), (TTexts{"7", "5", "2"}));
+    form.tb.FilterBy("Cor", TValue("5"));
+    EXPECT_EQ(Shown(), (TTexts{"5"}));
+    form.tb.ClearFilter();
+    EXPECT_EQ(Shown(), (TTexts{"7", "5", "2"}));
+}
+
+TEST_F(Grid, StandsAsTheTableWhileThereIsNoSuchField)
+{
+    form.dbg.SetColumns({{.field = "Cor"}, {.field = "Dia"}});
+    form.dbg.SortRows("Dia", TDirection::Descending);
+    EXPECT_EQ(Shown(), (TTexts{"01", "02", "03"}));
+    form.tb.AddField("Dia", TFieldKind::Integer);
+    form.tb.ForEach([&] {
+        form.tb.Edit();
+        form.tb.FieldByName("Dia").Set(TValue(form.tb.Cor.AsInteger()));
+    });
+    form.dbg.SortRows("Dia", TDirection::Descending);
+    EXPECT_EQ(Shown(), (TTexts{"03", "02", "01"}));
+    form.tb.RemoveAddedFields();
+    EXPECT_EQ(form.dbg.RowCount(), 0U);
+    EXPECT_EQ(form.dbg.CurrentRow(), -1);
 }
 
 TEST_F(Grid, ColoursRowsByMeaningAndNeverFails)

@@ -2,7 +2,10 @@ import { LitElement } from "lit";
 import { property } from "lit/decorators.js";
 import type { Control } from "../Control";
 import type { Receiver } from "../Keyboard";
+import { isMenuKey } from "../keys";
 import { session } from "../Session";
+import { openPopup } from "./al-popup";
+import { askMenu } from "./controlMenu";
 
 /** Shows one control. It draws into the page itself, so that one style sheet serves all. */
 export abstract class ControlElement extends LitElement implements Receiver {
@@ -17,11 +20,13 @@ export abstract class ControlElement extends LitElement implements Receiver {
     override connectedCallback(): void {
         super.connectedCallback();
         this.watch();
+        this.addEventListener("contextmenu", this.menuAsked);
     }
 
     override disconnectedCallback(): void {
         super.disconnectedCallback();
         this.unwatch();
+        this.removeEventListener("contextmenu", this.menuAsked);
     }
 
     protected override willUpdate(): void {
@@ -77,7 +82,25 @@ export abstract class ControlElement extends LitElement implements Receiver {
     }
 
     press(key: string, _fresh: boolean): void {
+        if (isMenuKey(key) && this.hasMenu) return this.openMenu(this.getBoundingClientRect());
         session.send({ event: "key", ...this.address, key }, { kind: "key", key });
+    }
+
+    /** The screen has given it a popup menu. */
+    protected get hasMenu(): boolean {
+        return this.control.texts("menuNames").length > 0;
+    }
+
+    /** Of the innermost control that has one. */
+    protected readonly menuAsked = (event: MouseEvent): void => {
+        if (!this.hasMenu || this.disabled) return;
+        event.preventDefault();
+        event.stopPropagation();
+        this.openMenu(new DOMRect(event.clientX, event.clientY, 0, 0));
+    };
+
+    protected openMenu(at: DOMRect): void {
+        void askMenu(this.control).then((items) => items.length > 0 && openPopup(items, at));
     }
 
     type(text: string): void {

@@ -1,20 +1,14 @@
-import { LitElement } from "lit";
 import { property } from "lit/decorators.js";
-import { isEditing, typedText } from "../keys";
-import type { Receiver } from "../Keyboard";
 import type { Button } from "../protocol";
 import type { Dialog } from "../Screens";
 import { session } from "../Session";
+import { KeyboardElement } from "./KeyboardElement";
 
 export const buttonTexts: Readonly<Record<Button, string>> = { ok: "OK", cancel: "Cancelar", yes: "Sim", no: "Não" };
 
 /** A box that waits for an answer on top of everything. */
-export abstract class DialogElement extends LitElement implements Receiver {
+export abstract class DialogElement extends KeyboardElement {
     @property({ attribute: false }) dialog!: Dialog;
-
-    protected override createRenderRoot(): HTMLElement {
-        return this;
-    }
 
     override connectedCallback(): void {
         super.connectedCallback();
@@ -30,19 +24,16 @@ export abstract class DialogElement extends LitElement implements Receiver {
 
     private readonly changed = () => this.requestUpdate();
 
-    protected get field(): HTMLInputElement | null {
-        return this.querySelector<HTMLInputElement>("input:focus") ?? this.querySelector<HTMLInputElement>("input");
-    }
-
     protected get buttons(): HTMLButtonElement[] {
         return [...this.querySelectorAll<HTMLButtonElement>("[data-answer]")];
     }
 
-    protected abstract answer(button: Button): void;
-
-    keeps(key: string): boolean {
-        return document.activeElement instanceof HTMLInputElement && (typedText(key) !== null || isEditing(key));
+    /** Where Tab goes, in this order. */
+    protected get stops(): HTMLElement[] {
+        return [...this.querySelectorAll<HTMLElement>("input, [data-answer]")];
     }
+
+    protected abstract answer(button: Button): void;
 
     press(key: string, fresh: boolean): void {
         switch (key) {
@@ -79,35 +70,15 @@ export abstract class DialogElement extends LitElement implements Receiver {
         return focused instanceof HTMLButtonElement && this.contains(focused) ? (focused.dataset["answer"] as Button) : undefined;
     }
 
-    private step(step: number): void {
-        const stops = [...this.querySelectorAll<HTMLElement>("input, [data-answer]")];
+    protected step(step: number): void {
+        const { stops } = this;
         const next = stops[(stops.indexOf(document.activeElement as HTMLElement) + step + stops.length) % stops.length];
         next?.focus();
         if (next instanceof HTMLInputElement) next.select();
     }
 
-    type(text: string): void {
-        const field = this.field;
-        if (!field) return;
-        field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
-        field.dispatchEvent(new InputEvent("input"));
-    }
-
-    enter(): void {
-        this.refocus();
-        this.field?.select();
-    }
-
     refocus(): void {
         const { default: wanted } = this.dialog.state;
         (this.field ?? this.buttons.find((button) => button.dataset["answer"] === wanted))?.focus();
-    }
-
-    full(): boolean {
-        return false;
-    }
-
-    hasFocus(): boolean {
-        return this.contains(document.activeElement);
     }
 }

@@ -3,7 +3,13 @@ import { preferences } from "../Preferences";
 import { session } from "../Session";
 import type { GridColumn } from "./gridColumns";
 
-/** How a user has arranged the columns of a grid: their order and widths, and whether numbers are added up. */
+/** The column by which the rows stand; none: as the screen has them. */
+export interface RowOrder {
+    column: string;
+    descending: boolean;
+}
+
+/** How a user has arranged a grid: the order and widths of its columns, the order of its rows, and whether numbers are added up. */
 export class GridLayout {
     constructor(private readonly control: Control) {}
 
@@ -51,6 +57,16 @@ export class GridLayout {
 
     setTotals(shown: boolean): void {
         preferences.set(this.name, { ...this.stored, somas: shown });
+    }
+
+    get rowOrder(): RowOrder {
+        const kept = this.stored["linhas"];
+        const { coluna = "", desce = false } = typeof kept === "object" && kept !== null && !Array.isArray(kept) ? (kept as Record<string, unknown>) : {};
+        return { column: String(coluna), descending: desce === true };
+    }
+
+    setRowOrder({ column, descending }: RowOrder): void {
+        preferences.set(this.name, { ...this.stored, linhas: column === "" ? null : { coluna: column, desce: descending } });
     }
 
     forget(): void {

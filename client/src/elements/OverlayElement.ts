@@ -1,17 +1,13 @@
-import { LitElement } from "lit";
-import { isEditing, typedText } from "../keys";
 import { session, type Overlay } from "../Session";
+import { KeyboardElement } from "./KeyboardElement";
 
 /** Something of the client's own above the screens: it takes the keyboard and gives it back when it is closed. */
-export abstract class OverlayElement extends LitElement implements Overlay {
-    protected override createRenderRoot(): HTMLElement {
-        return this;
-    }
-
+export abstract class OverlayElement extends KeyboardElement implements Overlay {
     override connectedCallback(): void {
         super.connectedCallback();
         session.openOverlay(this);
         document.addEventListener("pointerdown", this.pressedElsewhere, true);
+        this.addEventListener("contextmenu", preventMenu);
     }
 
     override disconnectedCallback(): void {
@@ -28,42 +24,17 @@ export abstract class OverlayElement extends LitElement implements Overlay {
         this.remove();
     }
 
-    protected get field(): HTMLInputElement | null {
-        return this.querySelector("input");
-    }
-
-    keeps(key: string): boolean {
-        return document.activeElement === this.field && this.field !== null && (typedText(key) !== null || isEditing(key));
-    }
-
     press(key: string, _fresh: boolean): void {
         if (key === "Esc") this.close();
-    }
-
-    type(text: string): void {
-        const { field } = this;
-        if (!field) return;
-        field.setRangeText(text, field.selectionStart ?? 0, field.selectionEnd ?? 0, "end");
-        field.dispatchEvent(new InputEvent("input"));
-    }
-
-    enter(): void {
-        this.refocus();
-        this.field?.select();
     }
 
     refocus(): void {
         (this.field ?? this.querySelector<HTMLElement>("[tabindex], button"))?.focus();
     }
-
-    full(): boolean {
-        return false;
-    }
-
-    hasFocus(): boolean {
-        return this.contains(document.activeElement);
-    }
 }
+
+/** The key that opened a menu asks for the browser's own as well when it is let go. */
+const preventMenu = (event: Event) => event.preventDefault();
 
 /** On top of everything, at its place when one is given: below it, or where it fits. */
 export function openOverlay<T extends OverlayElement>(overlay: T, at?: DOMRect): T {

@@ -25,13 +25,13 @@ import type { Action } from "../Connection";
 import { openFind } from "./al-find";
 import { openPopup, type PopupItem } from "./al-popup";
 import { caption, plainCaption } from "./caption";
-import { ControlMenu } from "./controlMenu";
+import { askMenu } from "./controlMenu";
 import { dateByKey } from "./dates";
 import { columnsOf, isNumber, numberOf, type GridColumn } from "./gridColumns";
-import { GridLayout } from "./GridLayout";
+import { GridLayout, type RowOrder } from "./GridLayout";
 import { allRows, download, exportAddress } from "./gridRows";
 import { gridTheme } from "./gridTheme";
-import { isEditing, typedText } from "../keys";
+import { isEditing, isMenuKey, typedText } from "../keys";
 import { TextElement } from "./TextElement";
 
 ModuleRegistry.registerModules([
@@ -78,6 +78,8 @@ export class GridElement extends TextElement {
     private revealed = false;
     /** The other end of what is marked; one end is the current cell. */
     private marked: Cell | null = null;
+    /** The order that the server was last asked for. */
+    private orderAsked = "";
 
     private get layout(): GridLayout {
         return new GridLayout(this.control);
@@ -105,8 +107,8 @@ export class GridElement extends TextElement {
         const lines = Math.max(3, this.control.number("lines"));
         return html`
             ${this.renderLabel()}
-            <div class="grid" style="height: ${(lines + (this.layout.totals ? 2 : 1)) * rowPixels() + 4}px" @pointerdown=${this.pressedOutside}>
-                <div class="rows" @click=${this.clicked} @dblclick=${this.doubleClicked} @contextmenu=${this.menuAsked}></div>
+            <div class="grid" style="height: calc(${(lines + (this.layout.totals ? 2 : 1)) * rowPixels() + 4}px + var(--bar, 0px))" @pointerdown=${this.pressedOutside}>
+                <div class="rows" @click=${this.clicked} @dblclick=${this.doubleClicked} @contextmenu=${this.cellMenuAsked}></div>
                 <input
                     data-focus
                     class="cell-editor"
@@ -162,14 +164,40 @@ export class GridElement extends TextElement {
         if (this.openedAt !== this.place) this.openedAt = "";
         if (field && this.control.flag("editing") && field.value !== this.shownText) field.value = this.shownText;
         if (field && !this.editsCell) field.value = "";
+        this.askForOrder();
         this.showColumns();
         this.showCurrent();
         void this.showTotals();
     }
 
+    /** Of the rows, as the user had them the last time. */
+    private askForOrder(): void {
+        const { column, descending } = this.layout.rowOrder;
+        const wanted = `${column} ${descending}`;
+        const known = column === "" || this.columns.some(({ field }) => field === column);
+        if (!this.control.flag("sortable") || !known || wanted === this.orderAsked) return;
+        this.orderAsked = wanted;
+        const { column: shown, descending: shownDescending } = this.shownOrder;
+        if (column === shown && (column === "" || descending === shownDescending)) return;
+        session.send({ event: "sort", ...this.address, column, descending });
+    }
+
+    private get shownOrder(): RowOrder {
+        return { column: this.control.text("sortColumn"), descending: this.control.flag("sortDescending") };
+    }
+
+    private async clickTitle(column: string): Promise<void> {
+        session.send({ event: "title", ...this.address, column });
+        await session.settled();
+        if (!this.control.flag("sortable")) return;
+        const order = this.shownOrder;
+        this.orderAsked = `${order.column} ${order.descending}`;
+        this.layout.setRowOrder(order);
+    }
+
     private showColumns(): void {
         const visible = this.shownColumns;
-        const key = JSON.stringify(visible.map((column) => [column, this.contentLength(column)]));
+        const key = JSON.stringify([this.shownOrder, ...visible.map((column) => [column, this.contentLength(column)])]);
         if (key === this.columnsKey) return;
         this.columnsKey = key;
         const definitions = visible.map((column) => this.definition(column));
@@ -187,7 +215,7 @@ export class GridElement extends TextElement {
         const number = isNumber(column);
         const base: ColDef = {
             colId: column.field,
-            headerName: column.title,
+            headerName: `${column.title}${this.orderSign(column)}`,
             valueGetter: ({ node, data }) => (node?.rowPinned ? (data as Record<string, string>)[column.field] : this.row(node)?.texts[column.index]) ?? "",
             cellClassRules: { marked: ({ rowIndex, node }) => !node.rowPinned && this.isMarked(rowIndex, column.field) },
             cellClass: [number ? "number" : "", column.kind, column.editable ? "" : "fixed"].filter(Boolean),
@@ -201,9 +229,15 @@ export class GridElement extends TextElement {
         return width === undefined ? { ...base, flex: Math.max(column.title.length, this.contentLength(column)) } : { ...base, width };
     }
 
+    private orderSign({ field }: GridColumn): string {
+        const { column, descending } = this.shownOrder;
+        if (field !== column) return "";
+        return descending ? " ▼" : " ▲";
+    }
+
     /** Neither its title nor a code is cut off. */
     private leastWidth(column: GridColumn): number {
-        const letters = Math.max(column.title.length, Math.min(16, this.contentLength(column)));
+        const letters = Math.max(column.title.length + this.orderSign(column).length, Math.min(16, this.contentLength(column)));
         return Math.round(letters * textPixels() * 0.58) + 26;
     }
 
@@ -259,6 +293,8 @@ export class GridElement extends TextElement {
             },
         });
         new ResizeObserver(() => this.placeEditor()).observe(host);
+        const bar = host.querySelector<HTMLElement>(".ag-body-horizontal-scroll");
+        if (bar) new ResizeObserver(() => this.style.setProperty("--bar", `${bar.offsetHeight}px`)).observe(bar);
     }
 
     /** AG Grid only counts the rows; what stands in them is looked up when they are drawn. */
@@ -359,7 +395,7 @@ export class GridElement extends TextElement {
         if (step && !this.editsCell) return this.extendMark(...step);
         if (this.marked) this.unmark();
         if (key === "Ctrl+f") return this.find();
-        if (key === "Shift+F10" || key === "ContextMenu") return this.openMenu(this.cellBounds);
+        if (isMenuKey(key)) return this.openMenu(this.cellBounds);
         if ((key === "F4" || key === "Alt+Down") && this.pickList.length > 0) return this.openPickList();
         if ((key === "Left" || key === "Right") && !this.editsCell && this.layout.reordered) return this.stepColumn(key === "Left" ? -1 : 1);
         if (key === "F2" && !this.fixed) return this.editCell();
@@ -436,7 +472,7 @@ export class GridElement extends TextElement {
         if (column === undefined) return;
         if (event.shiftKey && row !== undefined) return this.mark({ row, column });
         if (this.marked) this.unmark();
-        if (row === undefined) session.send({ event: "title", ...this.address, column });
+        if (row === undefined) void this.clickTitle(column);
         else this.cellClicked(row, column);
     }
 
@@ -538,27 +574,34 @@ export class GridElement extends TextElement {
         return (this.field ?? this).getBoundingClientRect();
     }
 
-    private readonly menuAsked = (event: MouseEvent): void => {
+    /** A grid has items of its own. */
+    protected override get hasMenu(): boolean {
+        return false;
+    }
+
+    private readonly cellMenuAsked = (event: MouseEvent): void => {
         event.preventDefault();
+        event.stopPropagation();
         const { row, column } = cellOf(event);
         this.openMenu(new DOMRect(event.clientX, event.clientY, 0, 0), row, column);
     };
 
-    private openMenu(at: DOMRect, row = this.control.number("row"), column = this.control.text("column")): void {
-        const menu = new ControlMenu(this.control);
+    protected override openMenu(at: DOMRect, row = this.control.number("row"), column = this.control.text("column")): void {
         if (row !== this.control.number("row") || column !== this.control.text("column")) session.send({ event: "cell", ...this.address, row, column });
-        void menu.ask({ row, column }).then((items) => openPopup([...items, ...this.ownItems(items.length > 0)], at));
+        void askMenu(this.control, { row, column }).then((items) => openPopup([...items, ...this.ownItems(items.length > 0)], at));
     }
 
     private ownItems(apart: boolean): PopupItem[] {
         const { layout } = this;
+        const column = this.currentColumn;
         return [
+            ...(this.control.flag("sortable") && column ? [{ caption: `Ordenar por ${column.title.replaceAll("&", "&&")}`, apart, act: () => void this.clickTitle(column.field) }] : []),
             { caption: "Copiar", shortcut: "Ctrl+C", apart, act: () => void this.copyMarked() },
             { caption: "Localizar…", shortcut: "Ctrl+F", act: () => this.find() },
             { caption: "Somar as colunas", checked: layout.totals, act: () => layout.setTotals(!layout.totals) },
             { caption: "Exportar para planilha (XLSX)", apart: true, act: () => download(exportAddress(this.control, "xlsx")) },
             { caption: "Exportar como texto (CSV)", act: () => download(exportAddress(this.control, "csv")) },
-            { caption: "Colunas como no início", apart: true, enabled: layout.reordered || this.hasOwnWidths, act: () => layout.forget() },
+            { caption: "Colunas como no início", apart: true, enabled: layout.reordered || this.hasOwnWidths || layout.rowOrder.column !== "", act: () => layout.forget() },
         ];
     }
 

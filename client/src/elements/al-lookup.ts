@@ -11,6 +11,7 @@ const linesSeen = 14;
 @customElement("al-lookup")
 export class LookupElement extends DialogElement {
     @state() private row = 0;
+    /** Of the rows that the search finds which was sent last: those that were picked before it stand in front of them. */
     private readonly picked = new Set<number>();
     private asked = "";
     /** Enter was pressed while the search was under way: it is for the rows that it finds. */
@@ -53,7 +54,7 @@ export class LookupElement extends DialogElement {
         const lines = [];
         for (let row = rows.first; row < end; ++row) {
             const texts = rows.get(row)?.texts ?? [];
-            lines.push(html`<tr aria-selected=${row === this.row} class=${this.picked.has(row) ? "picked" : ""}
+            lines.push(html`<tr aria-selected=${row === this.row} class=${this.picked.has(row) && !session.typing ? "picked" : ""}
                 @pointerdown=${(event: Event) => event.preventDefault()}
                 @click=${() => this.pointAt(row)} @dblclick=${() => this.answer("ok")}>
                 ${texts.map((text, index) => html`<td class=${state.columns?.[index]?.number ? "number" : ""}>${text}</td>`)}
@@ -75,8 +76,10 @@ export class LookupElement extends DialogElement {
         if (text === this.asked) return;
         this.asked = text;
         this.row = 0;
+        const rows = this.dialog.state.keepsPicks ? this.picks : [];
+        session.send({ event: "search", dialog: this.dialog.state.dialog, text, ...(rows.length > 0 ? { rows } : {}) });
         this.picked.clear();
-        session.send({ event: "search", dialog: this.dialog.state.dialog, text });
+        rows.forEach((_, row) => this.picked.add(row));
     };
 
     override press(key: string, fresh: boolean): void {
@@ -93,6 +96,10 @@ export class LookupElement extends DialogElement {
 
     override keeps(key: string): boolean {
         return !(key === "Space" && this.dialog.state.multiple) && super.keeps(key);
+    }
+
+    private get picks(): number[] {
+        return [...this.picked].sort((a, b) => a - b);
     }
 
     private pick(): void {
@@ -118,7 +125,7 @@ export class LookupElement extends DialogElement {
     }
 
     protected override answer(button: Button): void {
-        const rows = this.picked.size > 0 ? [...this.picked].sort((a, b) => a - b) : [this.row];
+        const rows = this.picked.size > 0 ? this.picks : [this.row];
         const picks = button === "ok" && this.dialog.rows.count > 0 ? { rows } : {};
         session.send({ event: "answer", dialog: this.dialog.state.dialog, button, ...picks });
     }

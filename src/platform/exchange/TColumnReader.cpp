@@ -161,6 +161,8 @@ TCellReading TColumnReader::Read(const TValue& cell) const
         return {.reason = "O texto tem caracteres inválidos: o arquivo foi gravado em outra codificação."};
     if (cell.IsText() && IsFormulaError(cell.Text()))
         return {.reason = "A fórmula da planilha deu erro."};
+    if (!choices_.empty())
+        return ReadChoice(cell);
     switch (column_.kind) {
     case TColumnKind::Text:
         return ReadText(cell);
@@ -176,14 +178,17 @@ TCellReading TColumnReader::Read(const TValue& cell) const
     return {};
 }
 
+TCellReading TColumnReader::ReadChoice(const TValue& cell) const
+{
+    const auto chosen = Chosen(choices_, AsText(cell));
+    if (!chosen)
+        return {.reason = "Só pode ser " + Listed(choices_) + "."};
+    return {.value = column_.kind == TColumnKind::Text ? TValue(*chosen) : TValue(StrToIntDef(*chosen, 0))};
+}
+
 TCellReading TColumnReader::ReadText(const TValue& cell) const
 {
     const auto text = AsText(cell);
-    if (!choices_.empty()) {
-        const auto chosen = Chosen(choices_, text);
-        return chosen ? TCellReading{.value = *chosen}
-                      : TCellReading{.reason = "Só pode ser " + Listed(choices_) + "."};
-    }
     if (HasControlCharacters(text))
         return {.reason = "O texto tem caracteres de controle."};
     const auto length = Length(text);

@@ -35,6 +35,7 @@ public:
     TCellReading Read(const TValue& cell) const;
 
 private:
+    TCellReading ReadChoice(const TValue& cell) const;
     TCellReading ReadText(const TValue& cell) const;
     TCellReading ReadInteger(const TValue& cell) const;
     TCellReading ReadFloat(const TValue& cell) const;

@@ -1,6 +1,7 @@
 #include "platform/exchange/TTableExchange.h"
 
 #include "platform/exchange/EExchange.h"
+#include "platform/exchange/exportTable.h"
 #include "platform/exchange/TFileTable.h"
 #include "platform/exchange/TImport.h"
 #include "platform/report/separatedCell.h"
@@ -15,6 +16,8 @@ std::unique_ptr<IImport> TTableExchange::Compare(
             + ") é mantida pelo próprio sistema e não aceita importação; ela só pode ser exportada.");
     return std::make_unique<TImport>(database_, table, ReadTableFile(file), existing);
 }
+
+void TTableExchange::Show(const TTableDecl& table, TOrvQuery& rows) { OpenTable(table, rows); }
 
 std::string ErrorFile(const std::vector<TImportRemark>& remarks)
 {

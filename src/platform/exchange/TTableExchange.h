@@ -17,6 +17,7 @@ public:
     }
 
     std::unique_ptr<IImport> Compare(const TTableDecl& table, const std::string& file, TExistingRows existing) override;
+    void Show(const TTableDecl& table, TOrvQuery& rows) override;
 
 private:
     TOrvDatabase& database_;

@@ -60,14 +60,21 @@ std::string SeparatedText(const TOrvQuery& rows)
 
 } // namespace
 
-std::string ExportTable(TOrvDatabase& database, const TTableDecl& table, TFileForm form)
+void OpenTable(const TTableDecl& table, TOrvQuery& rows)
 {
     const auto columns = ExchangedColumns(table);
     if (columns.empty())
         throw EExchange("A tabela " + std::string(table.name) + " não tem o que exportar.");
-    TOrvQuery rows(database, Select(table, columns));
+    rows.SQL = Select(table, columns);
+    rows.Open();
     for (const TColumnDecl* column : columns)
         rows.FieldByName(column->name).options.title = TitleOfColumn(table, *column);
+}
+
+std::string ExportTable(TOrvDatabase& database, const TTableDecl& table, TFileForm form)
+{
+    TOrvQuery rows(database);
+    OpenTable(table, rows);
     if (form == TFileForm::Csv)
         return SeparatedText(rows);
     if (rows.RecordCount() > MostRowsOfWorkbook)

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <set>
 #include <stdexcept>
@@ -51,7 +52,10 @@ public:
     TBook(const TBook&) = delete;
     TBook& operator=(const TBook&) = delete;
 
-    void AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns);
+    /// `rowAt`: the dataset's row for each line.
+    using TRowAt = std::function<std::size_t(std::size_t line)>;
+    void AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns,
+        const TRowAt& rowAt = std::identity());
     void AddTotals(
         const TDataSet& rows, const std::vector<TSheetColumn>& columns, const std::set<std::string>& totalled);
     std::string Finish();
@@ -94,7 +98,8 @@ std::vector<TSheetColumn> ShownColumns(const TGrid& grid)
     return columns;
 }
 
-void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns)
+void TBook::AddSheet(
+    const std::string& name, const TDataSet& rows, const std::vector<TSheetColumn>& columns, const TRowAt& rowAt)
 {
     sheet_ = workbook_add_worksheet(book_, Left(name, LXW_SHEETNAME_MAX).c_str());
     if (!sheet_)
@@ -105,7 +110,7 @@ void TBook::AddSheet(const std::string& name, const TDataSet& rows, const std::v
     for (std::size_t row = 0; row < WrittenRows(rows); ++row) {
         for (std::size_t column = 0; column < columns.size(); ++column)
             WriteCell(static_cast<lxw_row_t>(row + 1), static_cast<lxw_col_t>(column), *columns[column].field,
-                rows.CellValue(row, *columns[column].field));
+                rows.CellValue(rowAt(row), *columns[column].field));
     }
 }
 
@@ -185,7 +190,8 @@ std::string Spreadsheet(const TGrid& grid)
 {
     TBook book;
     if (grid.DataSet())
-        book.AddSheet("Grade", *grid.DataSet(), ShownColumns(grid));
+        book.AddSheet(
+            "Grade", *grid.DataSet(), ShownColumns(grid), [&](std::size_t line) { return grid.DataRow(line); });
     return book.Finish();
 }
 

@@ -38,7 +38,7 @@ std::string CommaSeparated(const TGrid& grid)
     for (std::size_t row = 0; row < grid.RowCount(); ++row) {
         AppendLine(lines, grid, [&](const TGridColumn& column) {
             auto text = grid.CellText(row, column);
-            return IsNumber(grid, column) ? text : WithFormulaMark(std::move(text));
+            return IsNumber(grid, column) ? text : WithFormulaMark(text);
         });
     }
     return lines;

@@ -16,12 +16,7 @@ bool ReadsAsFormula(std::string_view text)
 
 } // namespace
 
-std::string WithFormulaMark(std::string text)
-{
-    if (ReadsAsFormula(text))
-        text.insert(text.begin(), '\'');
-    return text;
-}
+std::string WithFormulaMark(const std::string& text) { return ReadsAsFormula(text) ? '\'' + text : text; }
 
 std::string WithoutFormulaMark(std::string text)
 {

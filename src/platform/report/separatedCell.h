@@ -8,7 +8,7 @@ namespace alinhavo {
 
 /// An apostrophe stands before what a spreadsheet program would take for a formula, and before a text that already begins
 /// with apostrophes and such a sign, so that WithoutFormulaMark brings back exactly the text.
-std::string WithFormulaMark(std::string text);
+std::string WithFormulaMark(const std::string& text);
 std::string WithoutFormulaMark(std::string text);
 
 /// In quotes where it holds a separator, a quote or a line break.

@@ -62,6 +62,7 @@ const auto screens = std::to_array<TMenuEntry>({
     {"06.04", "Cadastro de Tipos de Inspeção", "TfmCadTipoDef"},
     {"06.05", "Cadastro de Estampa por Cliente", "TfmEstampaCli"},
     {"06.06", "Relatório de Estampa", "TfmRelEstampa"},
+    {"06.07", "Importar e exportar tabelas", "TfmImportaExporta"},
     {"09", "Administração"},
     {"09.01", "Usuários e permissões", "TfmUsuarios"},
     {"09.02", "Parâmetros", "TfmParametros"},

@@ -120,6 +120,10 @@ constexpr std::array Members = {
         [](TClientMessage& message, const json& value, std::string_view member) {
             message.event.flag = Flag(value, member);
         }},
+    TMember{"descending",
+        [](TClientMessage& message, const json& value, std::string_view member) {
+            message.event.flag = Flag(value, member);
+        }},
     TMember{"index",
         [](TClientMessage& message, const json& value, std::string_view member) {
             message.event.index = static_cast<int>(Number(value, member));
@@ -159,9 +163,11 @@ struct TShape {
     std::string_view name;
     TUserEvent::TKind kind;
     std::array<std::string_view, 5> members;
+    TClientMessage::TRequest request = TClientMessage::TRequest::None;
 };
 
 using TEventKind = TUserEvent::TKind;
+using TRequest = TClientMessage::TRequest;
 constexpr std::array Shapes = {
     TShape{"focus", TEventKind::Focus, {"form", "control"}},
     TShape{"text", TEventKind::Text, {"form", "control", "text", "key?"}},
@@ -179,13 +185,14 @@ constexpr std::array Shapes = {
     TShape{"tick", TEventKind::GridTick, {"form", "control", "row", "column", "checked"}},
     TShape{"menu", TEventKind::OpenMenu, {"form", "control", "row?", "column?"}},
     TShape{"menuItem", TEventKind::MenuItem, {"form", "control", "item"}},
-    TShape{"search", TEventKind::Search, {"dialog", "text"}},
+    TShape{"search", TEventKind::Search, {"dialog", "text", "rows?"}},
     TShape{"answer", TEventKind::Answer, {"dialog", "button", "text?", "rows?", "password?"}},
     TShape{"open", TEventKind::OpenForm, {"class"}},
     TShape{"activate", TEventKind::ActivateForm, {"form"}},
     TShape{"close", TEventKind::CloseForm, {"form"}},
-    TShape{"rows", TEventKind::Work, {"form", "control", "first", "count"}},
-    TShape{"dialogRows", TEventKind::Work, {"dialog", "first", "count"}},
+    TShape{"rows", TEventKind::Work, {"form", "control", "first", "count"}, TRequest::Rows},
+    TShape{"dialogRows", TEventKind::Work, {"dialog", "first", "count"}, TRequest::Rows},
+    TShape{"sort", TEventKind::Work, {"form", "control", "column", "descending"}, TRequest::Order},
 };
 
 const TShape& ShapeOf(const json& message)
@@ -243,6 +250,7 @@ TClientMessage TClientMessage::Decode(std::string_view text)
     const auto& shape = ShapeOf(object);
     TClientMessage message;
     message.event.kind = shape.kind;
+    message.request = shape.request;
     message.number = ReadNumber(object, "n");
     message.turn = ReadNumber(object, "turn");
     std::size_t known = 3;

@@ -14,7 +14,10 @@ struct TClientMessage {
 
     std::int64_t number = 0; ///< counted from 1 by the client, without a gap
     std::int64_t turn = 0; ///< the turn that the client had seen when it sent this
-    TUserEvent event; ///< what the user did; Work where the client asks for rows
+    /// What the client wants for its own view, whatever the user is at.
+    enum class TRequest { None, Rows, Order };
+    TRequest request = TRequest::None;
+    TUserEvent event; ///< what the user did; of a request, the grid
     std::int64_t dialog = 0; ///< the dialog that an answer, a search or a request for rows is meant for
     std::int64_t first = 0; ///< the rows asked for, of a dialog or of the grid `event.control`
     std::int64_t count = 0;

@@ -111,6 +111,7 @@ json TDialogStack::Whole(const TOpen& open) const
     if (dialog.rows) {
         object["columns"] = ColumnsOf(*dialog.rows);
         object["multiple"] = dialog.multiple;
+        object["keepsPicks"] = dialog.keepsPicks;
     }
     if (dialog.report) {
         object["report"] = open.report;

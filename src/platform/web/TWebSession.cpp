@@ -305,10 +305,10 @@ bool TWebSession::Take(TClientMessage& message)
 // True when the message's event is one for the application.
 bool TWebSession::CarryOut(TClientMessage& message)
 {
-    if (message.event.kind == TUserEvent::TKind::Work) {
-        GiveRows(message);
-        return false;
-    }
+    if (message.request == TClientMessage::TRequest::Rows)
+        return GiveRows(message), false;
+    if (message.request == TClientMessage::TRequest::Order)
+        return OrderRows(message), false;
     if (message.turn != turn_) {
         PassOver(message.number);
         return false;
@@ -364,6 +364,17 @@ void TWebSession::GiveRows(const TClientMessage& message)
         return Refuse(message.number, "A grade não existe.");
     image_.SetWindow(*grid, message.first, message.count);
     ControlChanged(*grid);
+}
+
+// As its user had them the last time: on a screen that is covered, or a page that is hidden, as well.
+void TWebSession::OrderRows(const TClientMessage& message)
+{
+    auto* grid = dynamic_cast<TGrid*>(FindControl(message.event));
+    const auto& column = message.event.column;
+    if (!grid || !grid->SortsByTitle() || (!column.empty() && !grid->FindColumn(column)))
+        return Refuse(message.number, "A grade não pode ser posta nessa ordem.");
+    grid->SortRows(column.empty() ? column : grid->FindColumn(column)->field,
+        message.event.flag ? TDirection::Descending : TDirection::Ascending);
 }
 
 void TWebSession::Handled(const TUserEvent& event, std::string_view refusal)

@@ -117,6 +117,7 @@ private:
     bool TakeFile(TUserEvent& event) const;
     void PassOver(std::int64_t number);
     void GiveRows(const TClientMessage& message);
+    void OrderRows(const TClientMessage& message);
     void NoteEntered(const TUserEvent& event);
     /// Begins a new turn when what the user types would go elsewhere, or into another text, than the client was told.
     void NoteTurn();

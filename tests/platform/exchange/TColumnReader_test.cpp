@@ -106,6 +106,11 @@ TEST(ColumnReader, AChoiceIsGivenByItsValueOrByWhatItMeans)
         EXPECT_EQ(Read(flag, {cell}), "N") << cell;
     EXPECT_EQ(Read(kind, {"saida"}), "S");
     EXPECT_EQ(Read(text4, {"Sim"}), "Sim");
+    const TColumnDecl numbered{.name = "IND_PAG", .kind = Integer, .choices = "1=Primeira,2=Segunda"};
+    EXPECT_EQ(Read(numbered, {"2"}), "2");
+    EXPECT_EQ(Read(numbered, {2.0}), "2");
+    EXPECT_EQ(Read(numbered, {"segunda"}), "2");
+    EXPECT_EQ(Read(numbered, {"3"}), "!Só pode ser 1 (Primeira), 2 (Segunda).");
 }
 
 TEST(ColumnReader, WhatIsNoChoiceIsToldWithThoseThatAre)

@@ -154,6 +154,30 @@ TEST_P(TScreensTest, SeveralRowsFireTheEventOnceEach)
     EXPECT_EQ(screen->Picked, (TCodes{"03 AZUL-marinho", "01 Azul céu"}));
 }
 
+TEST_P(TScreensTest, WhatIsPickedStandsInFrontOfWhatASearchFinds)
+{
+    screen->PqCor.Options.MultiSelecao = true;
+    const auto search = [&](const std::string& text, std::vector<std::int64_t> rows) {
+        user.Does({.kind = TUserEvent::TKind::Search, .text = text, .rows = std::move(rows)});
+    };
+    search("", {3, 1});
+    search("azul", {0, 1});
+    search("água", {1, 0, 2});
+    user.Picks({0, 1, 2});
+    Do([&] { screen->PqCor.AbrePesquisa(); });
+    EXPECT_EQ(user.Offered, (TCodes{"02", "04", "01"})) << "02 is found as well, and stands there once";
+    EXPECT_EQ(screen->Picked, (TCodes{"02 Verde água", "04 100% branco", "01 Azul céu"}));
+}
+
+TEST_P(TScreensTest, OnlyRowsOfAMultipleChoiceAreKept)
+{
+    user.Does({.kind = TUserEvent::TKind::Search, .text = "azul", .rows = {3}});
+    EXPECT_EQ(Found(""), (TCodes{"01", "02", "03", "04"}));
+    screen->PqCor.Options.MultiSelecao = true;
+    user.Does({.kind = TUserEvent::TKind::Search, .text = "azul", .rows = {4}});
+    EXPECT_EQ(Found(""), (TCodes{"01", "02", "03", "04"}));
+}
+
 TEST_P(TScreensTest, ALookupMayHaveASelectOfItsOwn)
 {
     screen->PqCor.Select = TStatement("SELECT COR, UPPER(DESCRICAO) AS DESCRICAO FROM {CADCOR} WHERE COR <> ?", "01");

@@ -760,6 +760,26 @@ TEST_F(WebServer, AGridIsGivenAlsoWhileAQuestionWaits)
     EXPECT_FALSE(asked.Answer(Upload(asked.client, "foto.png", "pixels")).contains("refused"));
 }
 
+TEST_F(WebServer, AGridStandsInTheOrderThatItsUserChoseAlsoAsAFile)
+{
+    TWebClient client(Port());
+    client.Do(
+        {{"event", "sort"}, {"form", "fmTeste"}, {"control", "dbgTextos"}, {"column", "texto"}, {"descending", false}});
+    EXPECT_EQ(client.Property("dbgTextos", "sortColumn"), "Texto");
+    EXPECT_EQ(client.Property("dbgTextos", "rows")[0][1][1], "-x");
+    const auto csv = Get("/grade?form=fmTeste&control=dbgTextos&formato=csv", {.cookie = client.Cookie()}).body();
+    EXPECT_LT(csv.find("-x"), csv.find("Zinco"));
+    client.Do({{"event", "title"}, {"form", "fmTeste"}, {"control", "dbgTextos"}, {"column", "Texto"}});
+    EXPECT_EQ(client.Property("dbgTextos", "sortDescending"), true);
+    EXPECT_EQ(client.Property("dbgTextos", "rows")[0][1][1], "Zinco");
+
+    for (const auto& [control, column] : {std::pair{"dbgTextos", "Nada"}, {"edtPrimeiro", "Texto"}, {"x", "Texto"}}) {
+        const auto answer = client.Do(
+            {{"event", "sort"}, {"form", "fmTeste"}, {"control", control}, {"column", column}, {"descending", true}});
+        EXPECT_TRUE(answer.contains("refused")) << control << ' ' << column;
+    }
+}
+
 TEST_F(WebServer, AReportIsGivenWhileItsDialogIsOpen)
 {
     TWebClient client(Port());

@@ -26,9 +26,6 @@ std::vector<std::string> Characters(std::string_view text)
     }
     return characters;
 }
-
-std::int64_t EventRow(std::size_t row) { return static_cast<std::int64_t>(row); }
-
 } // namespace
 
 THands::THands(TApplication& application, TSend send)
@@ -118,6 +115,12 @@ std::string THands::ColumnField(const std::string& grid, const std::string& colu
     return stage_.Column(stage_.Grid(grid), column).field;
 }
 
+/// Where the row of the grid's table stands on the screen.
+std::int64_t THands::Place(const std::string& grid, std::size_t row) const
+{
+    return static_cast<std::int64_t>(stage_.Grid(grid).PlaceOf(row));
+}
+
 void THands::operator()(const TFillCell& action) const
 {
     const auto row = stage_.Row(action.grid, action.row, true);
@@ -133,17 +136,20 @@ void THands::FillTick(const TFillCell& action, std::size_t row, const std::strin
 {
     if (action.text != "S" && action.text != "N")
         throw EMismatch{"S or N in a column to tick", Quoted(action.text)};
-    send_(
-        {.kind = GridTick, .control = action.grid, .column = column, .row = EventRow(row), .flag = action.text == "S"});
+    send_({.kind = GridTick,
+        .control = action.grid,
+        .column = column,
+        .row = Place(action.grid, row),
+        .flag = action.text == "S"});
 }
 
 void THands::GoToCell(const std::string& grid, std::size_t row, const std::string& column) const
 {
     Focus(grid);
-    send_({.kind = GridCell, .control = grid, .column = column, .row = EventRow(row)});
+    send_({.kind = GridCell, .control = grid, .column = column, .row = Place(grid, row)});
     const auto& there = stage_.Grid(grid);
     const bool arrived
-        = HasFocus(grid) && there.CurrentRow() == EventRow(row) && alinhavo::SameText(there.Column(), column);
+        = HasFocus(grid) && there.CurrentRow() == Place(grid, row) && alinhavo::SameText(there.Column(), column);
     if (!arrived)
         throw EMismatch{"the cell " + std::to_string(row + 1) + " " + column + " of " + grid,
             "the cell " + std::to_string(there.CurrentRow() + 1) + " " + there.Column() + ", the focus in "
@@ -168,7 +174,7 @@ void THands::operator()(const TGoToRow& action) const
 {
     const auto row = stage_.Row(action.grid, action.row, true);
     const auto column = stage_.Grid(action.grid).Column();
-    send_({.kind = GridCell, .control = action.grid, .column = column, .row = EventRow(row)});
+    send_({.kind = GridCell, .control = action.grid, .column = column, .row = Place(action.grid, row)});
 }
 
 void THands::operator()(const TDoubleClick& action) const
@@ -177,7 +183,7 @@ void THands::operator()(const TDoubleClick& action) const
         return send_({.kind = DoubleClick, .control = action.grid, .index = std::get<int>(action.row) - 1});
     const auto row = stage_.Row(action.grid, action.row);
     const auto column = stage_.Grid(action.grid).Column();
-    send_({.kind = GridDouble, .control = action.grid, .column = column, .row = EventRow(row)});
+    send_({.kind = GridDouble, .control = action.grid, .column = column, .row = Place(action.grid, row)});
 }
 
 void THands::operator()(const TTitleClick& action) const

@@ -50,6 +50,7 @@ private:
     void FillTick(const TFillCell& action, std::size_t row, const std::string& column) const;
     void TypeIntoCell(const std::string& grid, const std::string& text) const;
     std::string ColumnField(const std::string& grid, const std::string& column) const;
+    std::int64_t Place(const std::string& grid, std::size_t row) const;
 
     TApplication& application_;
     TStage stage_;

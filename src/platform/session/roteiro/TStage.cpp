@@ -83,7 +83,8 @@ std::size_t TStage::Row(std::string_view gridOrTable, const TRowName& row, bool 
         const auto index = static_cast<std::size_t>(*number - 1);
         if (index >= rows.RecordCount() + (allowNew ? 1 : 0))
             throw EMismatch{"a row " + std::to_string(*number), std::to_string(rows.RecordCount()) + " rows"};
-        return index;
+        const auto* grid = dynamic_cast<const TGrid*>(Form().FindComponent(gridOrTable));
+        return grid ? grid->DataRow(index) : index;
     }
     TMatches matches = std::get<TMatches>(row);
     for (auto& match : matches)
