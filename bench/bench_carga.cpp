@@ -44,23 +44,31 @@ struct TOptions {
     double shared = 0.05;
     int cachePages = 4096;
     bool memory = false;
+    bool detail = false;
 };
 
 const TDateTime Today = TDateTime::FromDate(2026, 11, 16);
 
-/// A factory that ends with this object.
-class TFactoryDatabase {
+/// A database that ends with this object.
+class TOwnDatabase {
 public:
-    explicit TFactoryDatabase(const TOptions& options)
-        : address_(AddressOf(options))
+    /// The demonstration factory.
+    TOwnDatabase(const TOptions& options, const char* name)
+        : address_(AddressOf(options, name))
     {
         CreateDatabase(address_, {.forcedWrites = false});
         Fill(options.scale);
+    }
+    /// As the other, and safe on its disk with every commit.
+    TOwnDatabase(const TOptions& options, const char* name, const TOwnDatabase& other)
+        : address_(AddressOf(options, name))
+    {
+        CopyDatabase(other.address_, address_);
         ForceWrites(address_);
     }
-    ~TFactoryDatabase() { DropDatabase(address_); }
-    TFactoryDatabase(const TFactoryDatabase&) = delete;
-    TFactoryDatabase& operator=(const TFactoryDatabase&) = delete;
+    ~TOwnDatabase() { DropDatabase(address_); }
+    TOwnDatabase(const TOwnDatabase&) = delete;
+    TOwnDatabase& operator=(const TOwnDatabase&) = delete;
 
     const TDatabaseAddress& Address() const { return address_; }
 
@@ -78,13 +86,13 @@ private:
         database->CommitRetaining();
         RefreshStatistics(*database);
     }
-    static TDatabaseAddress AddressOf(const TOptions& options)
+    static TDatabaseAddress AddressOf(const TOptions& options, const char* name)
     {
-        const auto name = "alinhavo_carga_" + std::to_string(getpid());
+        const auto own = "alinhavo_carga_" + std::to_string(getpid()) + "_" + name;
         if (options.database.empty())
-            return TDatabaseAddress::Parse((std::filesystem::temp_directory_path() / (name + ".fdb")).string());
+            return TDatabaseAddress::Parse((std::filesystem::temp_directory_path() / (own + ".fdb")).string());
         const auto path = options.database.rfind('/');
-        return TDatabaseAddress::Parse(options.database.substr(0, path + 1) + name);
+        return TDatabaseAddress::Parse(options.database.substr(0, path + 1) + own);
     }
 
     TDatabaseAddress address_;
@@ -104,12 +112,12 @@ void RegisterScreens(TApplication& application)
     Register<TfmRelFacPen>(application, "TfmRelFacPen");
 }
 
-std::unique_ptr<TSqlDatabase> Connect(const TFactoryDatabase& factory, const TOptions& options)
+std::unique_ptr<TSqlDatabase> Connect(const TOwnDatabase& factory, const TOptions& options)
 {
     return OpenDatabase(factory.Address(), {.cachePages = options.cachePages});
 }
 
-TDatabaseHostOptions HostOptions(const TFactoryDatabase& factory, const TOptions& options)
+TDatabaseHostOptions HostOptions(const TOwnDatabase& factory, const TOptions& options)
 {
     TDatabaseHostOptions host;
     host.address = factory.Address();
@@ -159,9 +167,9 @@ std::ptrdiff_t Errors(TSqlDatabase& database)
 }
 
 /// Everybody at work. False when what is recorded is not what they did.
-bool Load(const TOptions& options, std::size_t users)
+bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepared)
 {
-    const TFactoryDatabase factory(options);
+    const TOwnDatabase factory(options, "carga", prepared);
     const auto database = Connect(factory, options);
     TLoadPlan plan;
     plan.lots = PendingLots(*database);
@@ -204,6 +212,8 @@ bool Load(const TOptions& options, std::size_t users)
         static_cast<double>(times.Count()) / options.seconds, times.OfAll(0.5), times.OfAll(0.99),
         times.Of(TEventKind::Step, 0.99), times.Of(TEventKind::Confirmation, 0.5),
         times.Of(TEventKind::Confirmation, 0.99), ledger.Moved());
+    for (const auto& line : options.detail ? times.ByEvent() : std::vector<TEventTimes::TLine>())
+        std::printf("    %6zu  %8.2f %8.2f ms  %s\n", line.count, line.median, line.slow, line.what.c_str());
     for (const auto& [what, count] : counts.All())
         std::printf("    %6d  %s\n", count, what.c_str());
     const auto differences = ledger.Differences(before, RecordedMovements(*database));
@@ -250,9 +260,9 @@ void OpenScreens(TLoadClient& client)
     }
 }
 
-void Memory(const TOptions& options, std::size_t users)
+void Memory(const TOptions& options, std::size_t users, const TOwnDatabase& prepared)
 {
-    const TFactoryDatabase factory(options);
+    const TOwnDatabase factory(options, "memoria", prepared);
     TDatabaseHost host(HostOptions(factory, options));
     TSessionRegistry registry(host, {.sessions = users + 1});
     const auto user = FindUser(*Connect(factory, options), "MARIA").value();
@@ -303,12 +313,14 @@ int main(int argc, char** argv)
     app.add_option("--escala", options.scale, "Volume da fábrica, como em alinhavo demo.");
     app.add_option("--disputa", options.shared, "Parte do trabalho que é em ordens de qualquer um, de 0 a 1.");
     app.add_option("--paginas", options.cachePages, "Páginas do banco em memória.");
+    app.add_flag("--detalhe", options.detail, "Mostra os tempos de cada evento.");
     app.add_flag("--memoria", options.memory, "Mede a memória de tantas sessões.");
     CLI11_PARSE(app, argc, argv);
     if (minutes > 0)
         options.seconds = minutes * 60;
 
     bool good = true;
+    const TOwnDatabase prepared(options, "fabrica");
     if (options.memory)
         std::printf("| for each of %zu | resident | heap |\n|---|---|---|\n", options.users.front());
     else
@@ -316,9 +328,9 @@ int main(int argc, char** argv)
                     "confirmations | pieces |\n|---|---|---|---|---|---|---|---|---|\n");
     for (const auto users : options.users) {
         if (options.memory)
-            Memory(options, users);
+            Memory(options, users, prepared);
         else
-            good = Load(options, users) && good;
+            good = Load(options, users, prepared) && good;
     }
     return good ? 0 : 1;
 }

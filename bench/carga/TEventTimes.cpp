@@ -1,13 +1,16 @@
 #include "bench/carga/TEventTimes.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace alinhavo {
 
-void TEventTimes::Add(TEventKind kind, TTime time)
+void TEventTimes::Add(TEventKind kind, const std::string& what, TTime time)
 {
+    const auto milliseconds = std::chrono::duration<float, std::milli>(time).count();
     const std::lock_guard lock(mutex_);
-    times_[static_cast<std::size_t>(kind)].push_back(std::chrono::duration<float, std::milli>(time).count());
+    times_[static_cast<std::size_t>(kind)].push_back(milliseconds);
+    byEvent_[what].push_back(milliseconds);
 }
 
 std::size_t TEventTimes::Count() const
@@ -32,6 +35,16 @@ double TEventTimes::Of(TEventKind kind, double share) const
 {
     const std::lock_guard lock(mutex_);
     return Quantile(times_[static_cast<std::size_t>(kind)], share);
+}
+
+std::vector<TEventTimes::TLine> TEventTimes::ByEvent() const
+{
+    const std::lock_guard lock(mutex_);
+    std::vector<TLine> lines;
+    for (const auto& [what, times] : byEvent_)
+        lines.push_back({what, times.size(), Quantile(times, 0.5), Quantile(times, 0.99)});
+    std::ranges::sort(lines, std::greater(), &TLine::slow);
+    return lines;
 }
 
 double TEventTimes::Quantile(std::vector<float> times, double share)

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <chrono>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -16,17 +17,28 @@ class TEventTimes {
 public:
     using TTime = std::chrono::steady_clock::duration;
 
-    void Add(TEventKind kind, TTime time);
+    /// `what` tells events of one kind apart: "click btn00Confirmar".
+    void Add(TEventKind kind, const std::string& what, TTime time);
     std::size_t Count() const;
     /// Of all events, in milliseconds; share 0.5 is the median.
     double OfAll(double share) const;
     double Of(TEventKind kind, double share) const;
+
+    struct TLine {
+        std::string what;
+        std::size_t count;
+        double median;
+        double slow; ///< the 99th percentile
+    };
+    /// The slowest first.
+    std::vector<TLine> ByEvent() const;
 
 private:
     static double Quantile(std::vector<float> times, double share);
 
     mutable std::mutex mutex_;
     std::array<std::vector<float>, 3> times_; ///< milliseconds, by kind
+    std::map<std::string, std::vector<float>> byEvent_;
 };
 
 } // namespace alinhavo

@@ -42,7 +42,7 @@ void TLoadClient::Send(json event, TEventKind kind)
     event["n"] = ++number_;
     event["turn"] = turn_;
     const auto text = event.dump();
-    link_->Sent(number_, kind);
+    link_->Sent(number_, kind, event.value("event", "") + " " + event.value("control", ""));
     session_->Receive(*link_, text);
 }
 
@@ -111,10 +111,10 @@ std::string TLoadClient::Cell(const std::string& grid, int row, std::string_view
     return known->second.rows.at(row).at(static_cast<std::size_t>(place) + 1);
 }
 
-void TLoadClient::TLink::Sent(std::int64_t number, TEventKind kind)
+void TLoadClient::TLink::Sent(std::int64_t number, TEventKind kind, std::string what)
 {
     const std::lock_guard lock(mutex_);
-    sent_.push_back({number, kind, std::chrono::steady_clock::now()});
+    sent_.push_back({number, kind, std::move(what), std::chrono::steady_clock::now()});
 }
 
 json TLoadClient::TLink::Next()
@@ -134,7 +134,7 @@ void TLoadClient::TLink::Send(std::string message)
     const auto done = DoneOf(message);
     const std::lock_guard lock(mutex_);
     for (; !sent_.empty() && sent_.front().number <= done; sent_.pop_front())
-        times_.Add(sent_.front().kind, now - sent_.front().at);
+        times_.Add(sent_.front().kind, sent_.front().what, now - sent_.front().at);
     messages_.push_back(std::move(message));
     told_.notify_one();
 }

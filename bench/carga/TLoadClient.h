@@ -42,7 +42,7 @@ private:
             : times_(times)
         {
         }
-        void Sent(std::int64_t number, TEventKind kind);
+        void Sent(std::int64_t number, TEventKind kind, std::string what);
         nlohmann::json Next();
         void Send(std::string message) override;
         void Close() override { }
@@ -51,6 +51,7 @@ private:
         struct TSent {
             std::int64_t number;
             TEventKind kind;
+            std::string what;
             std::chrono::steady_clock::time_point at;
         };
         TEventTimes& times_;

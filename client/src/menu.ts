@@ -6,10 +6,20 @@ const favouritesKey = "favoritos";
 
 const plain = (text: string) => text.normalize("NFD").replace(/\p{M}/gu, "").toLocaleLowerCase("pt-BR");
 
-/** Every word that is sought begins a word of the entry. */
-function matches(entry: MenuEntry, sought: string): boolean {
-    const words = plain(`${entry.group} ${entry.caption} ${entry.class}`).split(/[^\p{L}\p{N}]+/u);
+/** Every word that is sought begins a word of the text. */
+function holds(text: string, sought: string): boolean {
+    const words = plain(text).split(/[^\p{L}\p{N}]+/u);
     return plain(sought.trim()).split(/\s+/).every((part) => words.some((word) => word.startsWith(part)));
+}
+
+const matches = (entry: MenuEntry, sought: string) => holds(`${entry.group} ${entry.caption} ${entry.class}`, sought);
+
+/** How far an entry is from what is sought: its name, the beginning of it, words of it, or something around it. */
+export function distance({ caption }: MenuEntry, sought: string): number {
+    const [name, wanted] = [plain(caption), plain(sought.trim())];
+    if (name === wanted) return 0;
+    if (name.startsWith(wanted)) return 1;
+    return holds(caption, sought) ? 2 : 3;
 }
 
 export const isFavourite = (entry: MenuEntry) => preferences.texts(favouritesKey).includes(entry.class);

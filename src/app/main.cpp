@@ -1,9 +1,8 @@
-#include "app/command_atualiza.h"
 #include "app/command_copia.h"
-#include "app/command_cria.h"
 #include "app/command_demo.h"
 #include "app/command_exporta.h"
 #include "app/command_importa.h"
+#include "app/command_prepara.h"
 #include "app/command_roteiro.h"
 #include "app/command_senha.h"
 #include "app/command_servir.h"
@@ -34,10 +33,6 @@ int main(int argc, char** argv)
 {
     CLI::App app{"Alinhavo: controle da produção em facções."};
     app.require_subcommand(1);
-
-    TCriaOptions cria;
-    CLI::App& criaCommand = *app.add_subcommand("cria", "Cria um banco vazio, com o usuário ADMIN.");
-    criaCommand.add_option("--banco", cria.database, "Arquivo Firebird ou endereço do banco a criar.")->required();
 
     TDemoOptions demo;
     CLI::App& demoCommand = *app.add_subcommand("demo", "Cria um banco com a fábrica de demonstração.");
@@ -103,10 +98,11 @@ int main(int argc, char** argv)
     exportaCommand.add_option("--banco", exporta.database, "Arquivo Firebird ou endereço do banco.")->required();
     exportaCommand.add_option("--empresa", exporta.company, "Código da empresa.")->capture_default_str();
 
-    TAtualizaOptions atualiza;
-    CLI::App& atualizaCommand = *app.add_subcommand("atualiza", "Traz um banco à versão do programa.");
-    atualizaCommand.add_option("--banco", atualiza.database, "Arquivo Firebird ou endereço do banco.")->required();
-    atualizaCommand.add_option("--empresa", atualiza.company, "Código da empresa.")->capture_default_str();
+    TPreparaOptions prepara;
+    CLI::App& preparaCommand
+        = *app.add_subcommand("prepara", "Cria um banco vazio, ou traz um que existe à versão do programa.");
+    preparaCommand.add_option("--banco", prepara.database, "Arquivo Firebird ou endereço do banco.")->required();
+    preparaCommand.add_option("--empresa", prepara.company, "Código da empresa.")->capture_default_str();
 
     TCopiaOptions copia;
     CLI::App& copiaCommand = *app.add_subcommand("copia", "Faz uma cópia do banco, também enquanto se trabalha nele.");
@@ -120,16 +116,14 @@ int main(int argc, char** argv)
     restauraCommand.add_flag("--substitui", restaura.replace, "Substitui o banco que existe.");
 
     CLI11_PARSE(app, argc, argv);
-    if (criaCommand.parsed())
-        return RunCria(cria);
     if (demoCommand.parsed())
         return RunDemo(demo);
     if (importaCommand.parsed())
         return RunImporta(importa);
     if (exportaCommand.parsed())
         return RunExporta(exporta);
-    if (atualizaCommand.parsed())
-        return RunAtualiza(atualiza);
+    if (preparaCommand.parsed())
+        return RunPrepara(prepara);
     if (copiaCommand.parsed())
         return RunCopia(copia);
     if (restauraCommand.parsed())

@@ -13,6 +13,8 @@ namespace {
 
 /// Nobody scrolls further; and so a table of any size opens at once. The list's statement names the same number.
 constexpr std::size_t mostListed = 1000;
+/// Rows beyond are not counted, and such a table is searched when a person has finished typing. The count names it, too.
+constexpr double mostCounted = 100'000;
 constexpr int widestSearched = 100;
 constexpr int widestColumn = 40;
 constexpr std::size_t longestKey = 60;
@@ -87,6 +89,7 @@ TfmTabela::TfmTabela(TApplication& application, const TTableDecl& tabela)
     BitBtn1.OnClick.connect(this, &TfmTabela::BitBtn1Click);
     BtnDesistir.OnClick.connect(this, &TfmTabela::BtnDesistirClick);
     edtBusca.OnChange.connect(this, &TfmTabela::edtBuscaChange);
+    edtBusca.OnExit.connect(this, &TfmTabela::edtBuscaExit);
     edtBusca.OnKeyDown.connect(this, &TfmTabela::edtBuscaKeyDown);
     CbFiltro.OnExit.connect(this, &TfmTabela::CbFiltroExit);
     edtFiltro.OnExit.connect(this, &TfmTabela::edtFiltroExit);
@@ -206,6 +209,7 @@ TStatement TfmTabela::Linhas() const
 void TfmTabela::Procura()
 {
     const auto ocupado = Ocupado();
+    procurado_ = edtBusca.text();
     QryLinhas.SQL = Linhas().Add(" FETCH FIRST 1000 ROWS ONLY");
     QryLinhas.Open();
     MostraLinha();
@@ -220,13 +224,27 @@ void TfmTabela::MostraAchados()
         return lblAchados.SetCaption(
             mostradas == 0 ? "Nenhuma linha." : numero + (mostradas == 1 ? " linha." : " linhas."));
     }
-    const auto todas
-        = ConsultaValor(TStatement("SELECT COUNT(*) FROM {?}", TName(tabela_.name)).Add(Condicao())).AsFloat();
+    const auto todas = ConsultaValor(TStatement("SELECT COUNT(*) FROM (SELECT 1 AS LINHA FROM {?}", TName(tabela_.name))
+                                         .Add(Condicao())
+                                         .Add(" FETCH FIRST 100001 ROWS ONLY) LINHAS"))
+                           .AsFloat();
+    grande_ = grande_ || todas > mostCounted;
     lblAchados.SetCaption("As primeiras " + FormatDecimal(static_cast<double>(mostradas), 0) + " de "
-        + FormatDecimal(todas, 0) + " linhas. Procure ou filtre para ver as outras.");
+        + (todas > mostCounted ? "mais de " + FormatDecimal(mostCounted, 0) : FormatDecimal(todas, 0))
+        + " linhas. Procure ou filtre para ver as outras.");
 }
 
-void TfmTabela::edtBuscaChange() { Procura(); }
+void TfmTabela::edtBuscaChange()
+{
+    if (!grande_)
+        Procura();
+}
+
+void TfmTabela::edtBuscaExit()
+{
+    if (edtBusca.text() != procurado_)
+        Procura();
+}
 
 void TfmTabela::edtBuscaKeyDown(TKey& key)
 {

@@ -75,6 +75,7 @@ public:
     void BitBtn1Click();
     void BtnDesistirClick();
     void edtBuscaChange();
+    void edtBuscaExit();
     void edtBuscaKeyDown(TKey& key);
     void CbFiltroExit();
     void edtFiltroExit();
@@ -132,6 +133,8 @@ private:
     const std::string chave_; ///< as Locate takes it: "CODIGO;PARTE"
     std::string ordem_; ///< column of the title clicked last; empty: by key
     bool descendente_ = false;
+    std::string procurado_; ///< for what the list was last searched
+    bool grande_ = false; ///< a search of every row takes longer than a keystroke may
 };
 
 /// Registers a screen for each table that a person may look at.

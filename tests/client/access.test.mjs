@@ -18,9 +18,9 @@ async function seriousFindings(page) {
 
 /** The factory's screens, each as its user finds it in the middle of his work. */
 const factoryScreens = {
-    movimentacao: ["fmFacMov", "movimentacao", async (screen) => {
+    movimentacao: ["fmFacMov", "movimentacao", async (screen, page, colorScheme) => {
         const movement = new Movement(screen);
-        await movement.include("026250", { enters: true });
+        await movement.include(colorScheme === "light" ? "026250" : "026243", { enters: true });
         await movement.toQuantities("01");
         await screen.keyboard.type("7");
     }],
@@ -48,11 +48,12 @@ for (const colorScheme of ["light", "dark"]) {
     for (const [name, [form, words, prepare]] of Object.entries(factoryScreens)) {
         const options = { factory: true, user: "ADMIN", screen: form, opens: words, colorScheme, size: { width: 1440, height: 900 } };
         test(`nothing serious on the factory's ${name}, ${colorScheme}`, options, async (screen, { page }) => {
-            await prepare(screen, page);
+            await prepare(screen, page, colorScheme);
             await screen.settled();
             await screen.picture(`fabrica-${name}-${colorScheme}`);
             assert.deepEqual(await seriousFindings(page), []);
-            await screen.press("Escape", "Escape", "Alt+t");
+            await screen.press("Escape", "Alt+t");
+            await screen.settled();
         });
     }
 }

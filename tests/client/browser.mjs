@@ -35,7 +35,7 @@ export async function startEmpty(password) {
     const folder = await mkdtemp(join(tmpdir(), "alinhavo-"));
     const database = join(folder, "fabrica.fdb");
     process.env.FIREBIRD_LOCK ??= folder;
-    await promisify(execFile)(product, ["cria", "--banco", database]);
+    await promisify(execFile)(product, ["prepara", "--banco", database]);
     const setting = promisify(execFile)(product, ["senha", "ADMIN", "--banco", database]);
     setting.child.stdin.end(`${password}\n`);
     await setting;

@@ -57,5 +57,8 @@ test("the bar by which a grid is scrolled to the side hides no row", { ...factor
     const bar = await grid.locator(".ag-body-horizontal-scroll").boundingBox();
     assert.ok(bar.height > 0, "it can be scrolled to the side");
     assert.ok(last.y + last.height <= bar.y + 1, `the last row ends at ${last.y + last.height}, the bar begins at ${bar.y}`);
+    const { lines, height } = await grid.evaluate((each) => ({ lines: each.control.number("lines"), height: each.querySelector(".ag-row").offsetHeight }));
+    const room = bar.y - (await grid.locator(".ag-header").boundingBox()).y;
+    assert.ok(room >= (lines + 1) * height, `${lines} rows of ${height} and the titles have room in ${room}`);
     await screen.press("Escape");
 });

@@ -48,8 +48,9 @@ test("a report stands on sheets of paper and is turned over by keys", pending, a
     await viewer.isOn(3);
     await viewer.box.getByRole("button", { name: "Próxima página" }).click();
     await viewer.isOn(Math.min(4, last));
-    const [head] = await viewer.sheets.nth(1).locator("thead tr.grupo").allInnerTexts();
-    assert.match(head, /^001(15|10)/, "the head of a table stands again on its next sheet");
+    const headless = await viewer.sheets.evaluateAll((all) => all.filter((sheet) => sheet.querySelector("table:has(tbody tr td:nth-child(14)):not(:has(thead))")).length);
+    assert.equal(headless, 0, "the head of a table stands again on each of its sheets");
+    assert.match((await viewer.sheets.nth(1).locator("thead tr.grupo").allInnerTexts())[0], /^00115/);
     const foot = await viewer.sheets.nth(1).evaluate((sheet) => {
         const box = sheet.querySelector('al-margin[data-place="bottom-right"]');
         const style = sheet.ownerDocument.defaultView.getComputedStyle(box, "::before");
@@ -220,7 +221,7 @@ test("a report of five hundred pages is read while its sheets are made", sheets,
         beat();
     });
     const viewer = await onSheets(screen, page, "btnLonga");
-    await screen.until("some sheets are made, and not all", async () => /^de [1-9]\d*…$/.test(await viewer.countText()));
+    await screen.until("some sheets are made, and not all", async () => /^de ([3-9]|\d{2,})…$/.test(await viewer.countText()));
     await screen.press("PageDown");
     await viewer.isOn(2);
     assert.match(await viewer.countText(), /…$/, "the rest is still being made");

@@ -3,9 +3,9 @@ import assert from "node:assert/strict";
 import { test } from "./harness.mjs";
 
 const factory = { factory: true, user: "ADMIN" };
-const colours = { ...factory, screen: "fmTabela_CADCOR", opens: "cores tamanhos cores" };
+const colours = { ...factory, screen: "fmTabela_CADCOR", opens: "cores" };
 const sizes = { ...factory, screen: "fmTabela_FAIXA_ITEN", opens: "tamanhos da faixa" };
-const products = { ...factory, screen: "fmTabela_PRODUTO", opens: "produtos produtos" };
+const products = { ...factory, screen: "fmTabela_PRODUTO", opens: "produtos" };
 const order = { ...factory, screen: "fmNovaOF", opens: "ordem de fabricação" };
 
 async function paste(screen, page, text) {

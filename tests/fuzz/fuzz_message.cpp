@@ -156,6 +156,13 @@ json Made(TFuzzBytes& bytes, int number, const TFuzzClient& client)
     return message;
 }
 
+/// Told at the end: an input holds any number of messages.
+struct TTotal {
+    ~TTotal() { std::fprintf(stderr, "%llu messages\n", messages); }
+    unsigned long long messages = 0;
+};
+TTotal TotalSent;
+
 /// Sends the lines of an input, keeping the numbers as a client does.
 class TSender {
 public:
@@ -166,6 +173,7 @@ public:
 
     void Send(const std::string& line)
     {
+        ++TotalSent.messages;
         auto text = line;
         bool stranger = false;
         bool waits = true;

@@ -1,6 +1,6 @@
 import { html, nothing, type TemplateResult } from "lit";
 import { customElement, state } from "lit/decorators.js";
-import { menuGroups, openScreen } from "../menu";
+import { distance, menuGroups, openScreen } from "../menu";
 import type { MenuEntry } from "../protocol";
 import { openOverlay, OverlayElement } from "./OverlayElement";
 
@@ -12,7 +12,8 @@ export class MenuSearchElement extends OverlayElement {
 
     private get found(): readonly MenuEntry[] {
         const all = menuGroups(this.sought).flatMap(([, entries]) => entries);
-        return all.filter((entry, index) => all.findIndex((other) => other.class === entry.class) === index);
+        const once = all.filter((entry, index) => all.findIndex((other) => other.class === entry.class) === index);
+        return this.sought === "" ? once : once.sort((one, other) => distance(one, this.sought) - distance(other, this.sought));
     }
 
     protected override render(): TemplateResult {

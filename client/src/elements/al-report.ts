@@ -53,9 +53,9 @@ export class ReportElement extends DialogElement {
                 <span class="bar-space"></span>
                 <input class="field report-search" type="search" placeholder="Localizar" aria-label="Localizar no relatório" autocomplete="off" spellcheck="false"
                     title="Ctrl+F" @input=${this.searchSoon} />
-                <span class="hint found" role="status">${this.foundText}</span>
                 <button type="button" class="button" data-stop aria-label="Ocorrência anterior" title="Shift+F3" @click=${() => this.seek(-1)}><span>↑</span></button>
                 <button type="button" class="button" data-stop aria-label="Próxima ocorrência" title="F3" @click=${() => this.seek(1)}><span>↓</span></button>
+                <span class="hint found" role="status">${this.foundText}</span>
             </div>
             <iframe class="report-pages" tabindex="-1" title=${title} sandbox=${frameSandbox} srcdoc=${frameSource} @load=${this.loaded}></iframe>
         </div>`;

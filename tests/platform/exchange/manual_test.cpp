@@ -1,6 +1,6 @@
-#include "app/command_cria.h"
 #include "app/command_exporta.h"
 #include "app/command_importa.h"
+#include "app/command_prepara.h"
 #include "TImportTest.h"
 
 #include "forms/text.h"
@@ -30,7 +30,7 @@ protected:
             return;
         const auto other = OtherAddress();
         empty = IsFirebird() ? other.path : other.uri;
-        Run([&] { return RunCria({.database = empty}); });
+        Run([&] { return RunPrepara({.database = empty}); });
         ASSERT_EQ(code, 0) << err;
     }
 
@@ -128,7 +128,7 @@ TEST_P(ExchangeCommands, WhatCannotBeDoneIsTold)
     Importa("FACCAO3", File("A\n1\n").string(), true);
     EXPECT_EQ(code, 2);
     EXPECT_THAT(err, HasSubstr("não aceita importação"));
-    Run([&] { return RunCria({.database = empty}); });
+    Run([&] { return RunPrepara({.database = empty}); });
     EXPECT_EQ(code, 1);
     EXPECT_THAT(err, HasSubstr("já existe"));
 }
