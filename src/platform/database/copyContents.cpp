@@ -85,7 +85,7 @@ public:
             Write(source_.OpenText(select_, {}));
         target_.CommitRetaining();
         if (number)
-            ContinueNumbers(table, *number);
+            ContinueNumbers(*number);
         return rows_;
     }
 
@@ -141,7 +141,7 @@ private:
         }
     }
 
-    void ContinueNumbers(const TTableDecl&, const TColumnDecl& number)
+    void ContinueNumbers(const TColumnDecl& number)
     {
         target_.ExecText("ALTER TABLE " + into_ + " ALTER COLUMN " + std::string(number.name) + " RESTART WITH "
             + std::to_string(Largest(number) + 1));
