@@ -63,7 +63,7 @@ protected:
         return content.str();
     }
 
-    std::string empty; ///< a database that cria has made
+    std::string empty; ///< a database that prepara has made
     int code = 0;
     std::string out, err;
 };
@@ -128,9 +128,6 @@ TEST_P(ExchangeCommands, WhatCannotBeDoneIsTold)
     Importa("FACCAO3", File("A\n1\n").string(), true);
     EXPECT_EQ(code, 2);
     EXPECT_THAT(err, HasSubstr("não aceita importação"));
-    Run([&] { return RunPrepara({.database = empty}); });
-    EXPECT_EQ(code, 1);
-    EXPECT_THAT(err, HasSubstr("já existe"));
 }
 
 TEST_P(ExchangeCommands, AnExportIsReadBackUnchanged)
