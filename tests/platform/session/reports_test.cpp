@@ -40,6 +40,7 @@ public:
 
 struct TNobodyElse final : TConectados {
     std::vector<TConectado> Lista() const override { return {}; }
+    TDateTime Agora() const override { return {}; }
     bool Encerra(std::string_view, std::string_view) override { return false; }
 };
 
