@@ -2,20 +2,11 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <lua.hpp>
 #include <stdexcept>
 
 namespace alinhavo {
 namespace {
-
-/// The processor's time of this thread: others at work on the machine do not count.
-std::chrono::nanoseconds ThreadTime()
-{
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
-}
 
 constexpr int StepsBetweenChecks = 1000;
 constexpr const char* DateKind = "data";
@@ -237,7 +228,7 @@ void TLua::Tick(lua_State* lua, lua_Debug*)
         self.failure_ = std::make_exception_ptr(EReportCancelled());
         luaL_error(lua, "cancelado");
     }
-    if (ThreadTime() > self.deadline_)
+    if (std::chrono::steady_clock::now() > self.deadline_)
         luaL_error(lua, "a expressão demora demais (um laço sem fim?)");
 }
 
@@ -312,7 +303,7 @@ void TLua::NoteCalledNames(std::string_view source)
 TReportValue TLua::Run(TChunk chunk, const TTemplateExpression& expression)
 {
     if (depth_ == 0)
-        deadline_ = ThreadTime() + limits_.expression;
+        deadline_ = std::chrono::steady_clock::now() + limits_.expression;
     if (!lua_checkstack(lua_, 20))
         throw ETemplate(expression.place, expression.source, "a expressão chama a si mesma sem fim.");
     lua_rawgeti(lua_, LUA_REGISTRYINDEX, chunk);

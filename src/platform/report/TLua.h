@@ -21,8 +21,7 @@ namespace alinhavo {
 
 /// How much a template may use up.
 struct TReportLimits {
-    std::chrono::milliseconds expression{
-        10'000}; ///< the processor's time for one evaluation, a total over all rows for one
+    std::chrono::milliseconds expression{2000}; ///< time for one evaluation
     std::size_t memory = std::size_t(64) << 20; ///< of all expressions together
     std::size_t output = std::size_t(512) << 20; ///< size of the report
 };
@@ -76,7 +75,7 @@ private:
     const std::atomic<bool>* cancelled_;
     std::size_t used_ = 0; ///< memory of Lua; before what takes it
     lua_State* lua_ = nullptr;
-    std::chrono::nanoseconds deadline_{}; ///< of the thread's own time
+    std::chrono::steady_clock::time_point deadline_;
     int depth_ = 0; ///< evaluations under way, one inside the other
     std::exception_ptr failure_; ///< what stopped an evaluation for good
     std::vector<TFunction> functions_;
