@@ -28,6 +28,7 @@
 #include <fstream>
 #include <malloc.h>
 #include <random>
+#include <set>
 #include <thread>
 #include <unistd.h>
 
@@ -162,9 +163,14 @@ std::map<std::string, std::string> Codes(TSqlDatabase& database)
     return codes;
 }
 
-std::ptrdiff_t Errors(TSqlDatabase& database)
+/// What the tables hold against each other, as texts.
+std::set<std::string> Errors(TSqlDatabase& database)
 {
-    return std::ranges::count(Verify(database), TSeverity::Error, &TViolation::severity);
+    std::set<std::string> errors;
+    for (const auto& violation : Verify(database))
+        if (violation.severity == TSeverity::Error)
+            errors.insert(std::string(violation.check) + ": " + violation.keys);
+    return errors;
 }
 
 std::chrono::milliseconds Seconds(double seconds)
@@ -229,10 +235,14 @@ bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepar
     const auto differences = ledger.Differences(before, RecordedMovements(*database));
     for (const auto& difference : differences)
         std::printf("    %s\n", difference.c_str());
-    const auto errors = Errors(*database) - errorsBefore;
-    std::printf("    %zu lugares em que o gravado não é o dito, %td erros nas tabelas\n", differences.size(), errors);
+    std::vector<std::string> errors;
+    std::ranges::set_difference(Errors(*database), errorsBefore, std::back_inserter(errors));
+    for (const auto& error : errors)
+        std::printf("    %s\n", error.c_str());
+    std::printf(
+        "    %zu lugares em que o gravado não é o dito, %zu erros nas tabelas\n", differences.size(), errors.size());
     std::fflush(stdout);
-    return differences.empty() && errors == 0 && !failed && ledger.Moved() > 0;
+    return differences.empty() && errors.empty() && !failed && ledger.Moved() > 0;
 }
 
 // Memory -------------------------------------------------------------------------------------------------------------------

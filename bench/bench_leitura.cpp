@@ -151,6 +151,7 @@ private:
 class TNobodyElse final : public TConectados {
 public:
     std::vector<TConectado> Lista() const override { return {}; }
+    TDateTime Agora() const override { return {}; }
     bool Encerra(std::string_view, std::string_view) override { return false; }
 };
 
