@@ -41,11 +41,14 @@ try {
 }
 
 int RunCopia(const TCopiaOptions& options)
-{
+try {
     const auto copy = Absolute(options.copy);
     if (const auto code = AskServer(options.database, {"copia", copy}, std::cout))
         return *code;
     return MakeCopy(options, std::cout);
+} catch (const std::exception& error) {
+    std::cerr << "A cópia não foi feita: " << error.what() << "\n";
+    return 1;
 }
 
 int RunRestaura(const TCopiaOptions& options)

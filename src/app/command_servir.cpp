@@ -41,7 +41,7 @@ int CarryOut(const std::string& database, const TLocalControl::TWords& words, st
     if (words.size() == 2 && words[0] == "copia")
         return MakeCopy({.database = database, .copy = words[1]}, told);
     if (words.size() == 2 && words[0] == "verifica")
-        return VerifyHere({.database = database, .company = words[1]}, told);
+        return VerifyHere({.database = database, .company = words[1]}, told, told);
     told << "O servidor não conhece o comando.\n";
     return 2;
 }

@@ -9,8 +9,17 @@
 #include <iostream>
 
 namespace alinhavo {
+namespace {
 
-int VerifyHere(const TVerificaOptions& options, std::ostream& out)
+int NotVerified(const std::exception& error, std::ostream& failures)
+{
+    failures << "Não foi possível verificar o banco: " << error.what() << "\n";
+    return 2;
+}
+
+} // namespace
+
+int VerifyHere(const TVerificaOptions& options, std::ostream& out, std::ostream& failures)
 try {
     TDatabaseOptions opening;
     opening.company = options.company;
@@ -24,15 +33,16 @@ try {
         << static_cast<std::ptrdiff_t>(violations.size()) - errors << " observações.\n";
     return errors == 0 ? 0 : 1;
 } catch (const std::exception& error) {
-    out << "Não foi possível verificar o banco: " << error.what() << "\n";
-    return 2;
+    return NotVerified(error, failures);
 }
 
 int RunVerifica(const TVerificaOptions& options)
-{
+try {
     if (const auto code = AskServer(options.database, {"verifica", options.company}, std::cout))
         return *code;
-    return VerifyHere(options, std::cout);
+    return VerifyHere(options, std::cout, std::cerr);
+} catch (const std::exception& error) {
+    return NotVerified(error, std::cerr);
 }
 
 } // namespace alinhavo

@@ -20,7 +20,7 @@ async function seriousFindings(page) {
 const factoryScreens = {
     movimentacao: ["fmFacMov", "movimentacao", async (screen, page, colorScheme) => {
         const movement = new Movement(screen);
-        await movement.include(colorScheme === "light" ? "026250" : "026243", { enters: true });
+        await movement.include(colorScheme === "light" ? "026250" : "026252", { enters: true });
         await movement.toQuantities("01");
         await screen.keyboard.type("7");
     }],

@@ -172,7 +172,7 @@ for (const colorScheme of ["light", "dark"]) {
 
 test("the own session is known, and is not ended here", { ...connected, user: "MARIA" }, async (screen) => {
     const own = screen.control("dbgConectados").locator('.ag-row:has([col-id="Navegador"]:text-is("este"))');
-    assert.equal(await own.count(), 1);
+    await screen.until("the own session is listed", async () => (await own.count()) === 1);
     await own.locator('[col-id="Codigo"]').click();
     await screen.press("Alt+e");
     await screen.asks("Esta é a sua própria sessão. Para terminá-la, use Sair.");

@@ -21,7 +21,7 @@ std::vector<TInvariant> LinesAgainstHistory()
                 OR ABS(COALESCE(F.QUANT_I, 0) - COALESCE(H.QUANT_I, 0)) > 0.0001
                 OR ABS(COALESCE(F.QUANT_F, 0) - COALESCE(H.QUANT_F, 0)) > 0.0001
              ORDER BY F.IDENTIFICADOR)"},
-        // What is left of a position that was deleted after it was moved is told apart below.
+        // What is left of a position that was deleted after, or while, it was moved is told apart below.
         {"origem_do_historico", Error, "O movimento não tem a posição de que saiu", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
@@ -30,29 +30,14 @@ std::vector<TInvariant> LinesAgainstHistory()
                 OR F.CODIGO <> H.CODIGO
                 OR (F.IDENTIFICADOR > 0 AND (COALESCE(F.COR, '') <> COALESCE(H.COR, '')
                                              OR COALESCE(F.TAM, '') <> COALESCE(H.TAM, '')))
-                OR (F.IDENTIFICADOR IS NULL AND COALESCE(H.REPROCESSO, '') = ''
-                    AND EXISTS (SELECT 1 FROM {FACCAO3} E
-                                 WHERE E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
-                                   AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
-                                   AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                   AND E.IDENTIFICADOR < H.IDENTIFICADOR)
-                    AND EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
-        // A position of the first sector and one of a reprocess can be deleted after they were moved. So can one that only
-        // losses have left: the reversal of a movement whose number tells no position takes one with as many pieces. The
-        // innermost condition names the position, so that only movements without one are compared with the others of their order.
+        // A position of the first sector and one of a reprocess can be deleted after they were moved, and so can one that only
+        // losses have left. A reversal takes any other back as well while another user moves it: neither looks again when it writes.
         {"historico_de_posicao_excluida", Remark, "A posição de que o movimento saiu foi excluída", R"(
             SELECT H.NUMERO, H.OP, H.PARTE, H.COR, H.TAM, H.IDENTIFICADOR
               FROM {FACCAO3} H
               LEFT JOIN {FACCAO} F ON F.IDENTIFICADOR = H.ID_ANT
              WHERE H.ID_ANT > 0 AND F.IDENTIFICADOR IS NULL
-               AND (COALESCE(H.REPROCESSO, '') <> ''
-                    OR NOT EXISTS (SELECT 1 FROM {FACCAO3} E
-                                    WHERE F.IDENTIFICADOR IS NULL AND E.NUMERO = H.NUMERO AND E.PARTE = H.PARTE AND E.OP <> H.OP
-                                      AND COALESCE(E.COR, '') = COALESCE(H.COR, '')
-                                      AND COALESCE(E.TAM, '') = COALESCE(H.TAM, '')
-                                      AND E.IDENTIFICADOR < H.IDENTIFICADOR)
-                    OR NOT EXISTS (SELECT 1 FROM {FACCAO3} B WHERE B.ID_ANT = H.ID_ANT AND B.QUANT > 0))
              ORDER BY H.IDENTIFICADOR)"},
         // The lines of other parts that leave the last sector with the grid's have a history without a reprocess column,
         // and are written even when nothing is left for them.
