@@ -4,6 +4,7 @@
 // ALINHAVO_TEST_POSTGRESQL names a server's superuser.
 
 #include "platform/database/schema.h"
+#include "platform/services/TNobodyConnected.h"
 #include "platform/web/TWebSession.h"
 #include "sewing/TReaderService.h"
 #include "sewing/TSewingApplication.h"
@@ -148,13 +149,6 @@ private:
     TMaker maker_;
 };
 
-class TNobodyElse final : public TConectados {
-public:
-    std::vector<TConectado> Lista() const override { return {}; }
-    TDateTime Agora() const override { return {}; }
-    bool Encerra(std::string_view, std::string_view) override { return false; }
-};
-
 /// A session over a fresh database with so many lines.
 class TGround {
 public:
@@ -239,7 +233,7 @@ private:
     TDatabaseAddress address_;
     TReaderService service_;
     TSewingHost host_{[this](IEventSource& source, IView& view) { return Open(source, view); }};
-    TNobodyElse others_;
+    TNobodyConnected others_;
     std::shared_ptr<TBrowser> browser_;
     std::unique_ptr<TWebSession> session_;
     TfmFacMov* screen_ = nullptr;

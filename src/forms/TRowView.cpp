@@ -75,6 +75,9 @@ std::size_t TRowView::Seek(TRowNumber row) const
 
 std::optional<std::size_t> TRowView::Find(TRowNumber row) const
 {
+    // One who goes through the rows looks for the next.
+    if (const auto next = Cursor() + 1; next < shown_.size() && shown_[next] == row)
+        return next;
     const std::size_t position = Seek(row);
     if (position == shown_.size() || shown_[position] != row)
         return std::nullopt;

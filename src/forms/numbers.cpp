@@ -153,8 +153,8 @@ double RoundTo(double value, int decimals)
 
 std::string FloatToStr(double value)
 {
-    if (value == 0)
-        return "0";
+    if (std::abs(value) < FirstBeyondDigits && value == std::trunc(value))
+        return std::to_string(static_cast<std::int64_t>(value));
     TBuffer buffer;
     return Written(buffer, std::to_chars(buffer.begin(), buffer.end(), value, std::chars_format::fixed));
 }

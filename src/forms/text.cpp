@@ -172,11 +172,12 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
 
 bool ValidUtf8(std::string_view text)
 {
-    while (!text.empty()) {
-        const auto character = utf8::First(text);
+    const auto beyondAscii = [](char c) { return static_cast<unsigned char>(c) >= 0x80; };
+    for (auto at = std::ranges::find_if(text, beyondAscii); at != text.end();) {
+        const auto character = utf8::First({at, text.end()});
         if (!character.wellFormed)
             return false;
-        text.remove_prefix(character.bytes);
+        at = std::find_if(at + static_cast<std::ptrdiff_t>(character.bytes), text.end(), beyondAscii);
     }
     return true;
 }

@@ -18,6 +18,10 @@ bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 /// Where the next `?` outside of quotes stands; npos when there is none.
 std::size_t FindPlaceholder(std::string_view text)
 {
+    const auto first = text.find('?');
+    const auto before = text.substr(0, first);
+    if (first == std::string_view::npos || (before.find('\'') == before.npos && before.find('"') == before.npos))
+        return first;
     char quote = 0;
     for (std::size_t place = 0; place < text.size(); ++place) {
         const char c = text[place];
@@ -146,13 +150,19 @@ std::string TStatement::Rendered() const
     return rendered.append(rest);
 }
 
-void TStatement::Begin(TFragment fragment) { rest_ = fragment.Text(); }
+void TStatement::Begin(TFragment fragment, std::size_t arguments)
+{
+    rest_ = fragment.Text();
+    text_.reserve(text_.size() + rest_.size());
+    if (values_.empty())
+        values_.reserve(arguments);
+}
 
-void TStatement::Argument(const TValue& value)
+void TStatement::Argument(TValue value)
 {
     CopyToPlaceholder();
     text_ += '?';
-    values_.push_back(value);
+    values_.push_back(std::move(value));
 }
 
 void TStatement::Argument(const TName& name)

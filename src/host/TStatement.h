@@ -88,8 +88,7 @@ public:
     /// becomes as many placeholders as it has values, separated by commas.
     TStatement& Add(TFragment fragment, auto&&... arguments)
     {
-        Begin(fragment);
-        values_.reserve(values_.size() + sizeof...(arguments));
+        Begin(fragment, sizeof...(arguments));
         (Argument(std::forward<decltype(arguments)>(arguments)), ...);
         End();
         return *this;
@@ -105,8 +104,8 @@ public:
     std::string Rendered() const;
 
 private:
-    void Begin(TFragment fragment);
-    void Argument(const TValue& value);
+    void Begin(TFragment fragment, std::size_t arguments);
+    void Argument(TValue value);
     void Argument(const TName& name);
     void Argument(const TLiteralList& list);
     void End();

@@ -105,7 +105,7 @@ TSqlKind TTranslator::Kind() const
         return TSqlKind::Read;
     if (IsAnyWord(word, {"INSERT", "UPDATE", "DELETE", "MERGE"}))
         return TSqlKind::Write;
-    if (IsAnyWord(word, {"CREATE", "ALTER", "DROP", "RECREATE", "COMMENT", "GRANT", "REVOKE", "SET", "ANALYZE"}))
+    if (IsAnyWord(word, {"CREATE", "ALTER", "DROP", "RECREATE", "COMMENT", "GRANT", "REVOKE", "SET", "DO"}))
         return TSqlKind::Definition;
     if (IsAnyWord(word, {"COMMIT", "ROLLBACK", "BEGIN", "START", "SAVEPOINT", "RELEASE"}))
         RaiseSyntax("a transaction is closed by CommitRetaining or RollbackRetaining");

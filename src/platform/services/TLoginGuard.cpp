@@ -21,19 +21,15 @@ std::string KeyOf(std::string_view user, std::string_view address)
 
 TLoginGuard::TDuration TLoginGuard::Begin(std::string_view user, std::string_view address, TTime now)
 {
-    const std::lock_guard lock(mutex_);
-    Forget(now);
-    const auto found = failures_.find(KeyOf(user, address));
-    if (found == failures_.end())
-        return {};
-    auto& failures = found->second;
-    const auto wait = std::max(failures.next - now, TDuration{});
-    if (wait <= Longest)
-        failures.next = now + wait + Penalty(failures);
-    return wait;
+    return Try(user, address, now, Longest);
 }
 
 TLoginGuard::TDuration TLoginGuard::BeginAtOnce(std::string_view user, std::string_view address, TTime now)
+{
+    return Try(user, address, now, TDuration{});
+}
+
+TLoginGuard::TDuration TLoginGuard::Try(std::string_view user, std::string_view address, TTime now, TDuration patience)
 {
     const std::lock_guard lock(mutex_);
     Forget(now);
@@ -41,10 +37,10 @@ TLoginGuard::TDuration TLoginGuard::BeginAtOnce(std::string_view user, std::stri
     if (found == failures_.end())
         return {};
     auto& failures = found->second;
-    if (failures.next > now)
-        return failures.next - now;
-    failures.next = now + Penalty(failures);
-    return {};
+    const auto wait = std::max(failures.next - now, TDuration{});
+    if (wait <= patience)
+        failures.next = now + wait + Penalty(failures);
+    return wait;
 }
 
 std::string TLoginGuard::TooMany(TDuration wait)

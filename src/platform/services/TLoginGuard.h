@@ -38,6 +38,8 @@ private:
         TTime next = {}; ///< when the next try is looked at
     };
 
+    /// What the try waits; one that would wait longer than its patience does not count as one.
+    TDuration Try(std::string_view user, std::string_view address, TTime now, TDuration patience);
     void Forget(TTime now);
     TDuration Penalty(const TFailures& failures) const;
 

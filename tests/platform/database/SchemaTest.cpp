@@ -53,6 +53,18 @@ TEST_P(Schema, NamesOfConstraintsAreDifferentAndShortEnough)
     EXPECT_EQ(names.size(), count);
 }
 
+TEST_P(Schema, ATableThatIsEmptyIsNotCountedAsSuch)
+{
+    if (IsFirebird())
+        GTEST_SKIP() << "there is no count of rows";
+    db->ExecSQL({"INSERT INTO {CADFLUXO} (CODIGO, DESCRICAO) VALUES ('010', 'Corte')"});
+    db->CommitRetaining();
+    RefreshStatistics(*db);
+    const auto counted = [&](const TStatement& statement) { return Value(*db, statement); };
+    EXPECT_EQ(counted({"SELECT reltuples FROM pg_class WHERE oid = CAST('cadfluxo' AS regclass)"}), "1");
+    EXPECT_EQ(counted({"SELECT reltuples FROM pg_class WHERE oid = CAST('pa_iten' AS regclass)"}), "-1");
+}
+
 TEST_P(Schema, MigratingAgainChangesNothing)
 {
     EXPECT_EQ(SchemaVersion(*db), CurrentSchemaVersion);

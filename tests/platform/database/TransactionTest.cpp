@@ -96,6 +96,21 @@ TEST_P(Transaction, AStatementThatFailsLeavesTheEarlierOnesPending)
     EXPECT_EQ(Count(*Connect()), "3");
 }
 
+TEST_P(Transaction, AFailureBehindAnyNumberOfStatementsLeavesThemPending)
+{
+    constexpr int Written = 40;
+    for (int sector = 1; sector <= Written; ++sector) {
+        AddSector(*db, std::to_string(sector));
+        EXPECT_TRUE(Refusal(*db, {"INSERT INTO {CADFLUXO} (CODIGO) VALUES (?)", "1"})) << sector;
+        EXPECT_EQ(Count(*db), std::to_string(sector));
+    }
+    for (int more = 1; more <= Written; ++more)
+        AddSector(*db, "A" + std::to_string(more));
+    EXPECT_TRUE(Refusal(*db, {"INSERT INTO {CADFLUXO} (CODIGO) VALUES (?)", "1"}));
+    db->CommitRetaining();
+    EXPECT_EQ(Count(*Connect()), std::to_string(2 * Written));
+}
+
 TEST_P(Transaction, AFirstStatementThatFailsLeavesNothingPending)
 {
     AddSector(*db, "010");

@@ -3,9 +3,9 @@
 
 #include "forms/IShownReport.h"
 #include "forms/TMemTable.h"
-#include "host/TConectados.h"
 #include "host/TOrvForm.h"
 #include "platform/services/TEmptyDatabase.h"
+#include "platform/services/TNobodyConnected.h"
 #include "platform/session/TDatabaseHost.h"
 
 #include <fstream>
@@ -36,12 +36,6 @@ public:
     TMemTable tb;
     TprReport prReport;
     TprTxReport prTxReport;
-};
-
-struct TNobodyElse final : TConectados {
-    std::vector<TConectado> Lista() const override { return {}; }
-    TDateTime Agora() const override { return {}; }
-    bool Encerra(std::string_view, std::string_view) override { return false; }
 };
 
 class TShownReports : public TDatabaseTest {
@@ -89,7 +83,7 @@ protected:
 
 private:
     std::filesystem::path layouts_;
-    TNobodyElse nobodyElse_;
+    TNobodyConnected nobodyElse_;
     std::optional<TDatabaseHost> host_;
     std::unique_ptr<IWorkplace> workplace_;
 };

@@ -9,8 +9,8 @@ namespace {
 constexpr int Binary = 1;
 
 /// By their number.
-constexpr std::array TransactionCommands{
-    "BEGIN", "COMMIT", "ROLLBACK", "SAVEPOINT s", "RELEASE SAVEPOINT s", "ROLLBACK TO SAVEPOINT s"};
+constexpr std::array TransactionCommands{"BEGIN", "COMMIT", "ROLLBACK", "SAVEPOINT o", "SAVEPOINT i",
+    "RELEASE SAVEPOINT o", "ROLLBACK TO SAVEPOINT o", "ROLLBACK TO SAVEPOINT i"};
 
 std::string Field(const PGresult* result, int field)
 {
@@ -91,11 +91,11 @@ void TPostgreSqlConnection::QueuePrepare(const std::string& name, const std::str
     Queued(PQsendPrepare(connection_.get(), name.c_str(), sql.c_str(), static_cast<int>(types.size()), types.data()));
 }
 
-void TPostgreSqlConnection::QueueRun(const std::string& name, const TParameters& parameters)
+void TPostgreSqlConnection::QueueRun(const char* name, TParameters parameters)
 {
     BeginQueue();
-    Queued(PQsendQueryPrepared(connection_.get(), name.c_str(), static_cast<int>(parameters.pointers.size()),
-        parameters.pointers.data(), nullptr, nullptr, Binary));
+    Queued(PQsendQueryPrepared(
+        connection_.get(), name, static_cast<int>(parameters.size()), parameters.data(), nullptr, nullptr, Binary));
 }
 
 void TPostgreSqlConnection::BeginQueue()

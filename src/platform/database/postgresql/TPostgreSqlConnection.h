@@ -41,13 +41,20 @@ private:
 /// Raises the EDatabaseError that the failure stands for.
 [[noreturn]] void RaiseDatabaseError(const EPostgreSql& failure);
 
-/// The values of one execution, as text.
-struct TParameters {
-    std::vector<std::string> texts;
-    std::vector<const char*> pointers; ///< null for a null
-};
+/// The values of one execution, as text; null for a null.
+using TParameters = std::span<const char* const>;
 
-enum class TTransactionCommand { Begin, Commit, Rollback, Savepoint, ReleaseSavepoint, RollbackToSavepoint };
+/// The outer savepoint takes the inner ones along when it is released.
+enum class TTransactionCommand {
+    Begin,
+    Commit,
+    Rollback,
+    OuterSavepoint,
+    InnerSavepoint,
+    ReleaseOuter,
+    RollbackToOuter,
+    RollbackToInner,
+};
 
 /// A line to the server. What is queued goes out in one message with Flush.
 class TPostgreSqlConnection {
@@ -64,7 +71,7 @@ public:
     void Queue(TTransactionCommand command);
     void QueuePrepare(const std::string& name, const std::string& sql, std::span<const Oid> types);
     /// The result comes in binary form.
-    void QueueRun(const std::string& name, const TParameters& parameters);
+    void QueueRun(const char* name, TParameters parameters);
     /// Sends the queue and waits; the result of what was queued last. When one fails, those behind it are not carried out and
     /// the failure is raised.
     TResultPtr Flush();

@@ -17,6 +17,7 @@ namespace alinhavo::postgresql {
 namespace {
 
 constexpr std::size_t CachedStatements = 300;
+constexpr int NestedSavepoints = 16;
 constexpr const char* AdministrationDatabase = "postgres";
 
 bool FitsInt4(std::int64_t number)
@@ -35,35 +36,23 @@ Oid TypeOf(const TValue& value)
     return oid::Unknown;
 }
 
-std::string TextOf(const TValue& value)
-{
-    if (value.IsText()) {
-        auto text = value.Text().substr(0, value.Text().find_last_not_of(' ') + 1);
-        CheckText(text);
-        return text;
-    }
-    return value.IsDate() ? value.AsDateTime().SqlText() : value.AsString();
-}
-
-TParameters ParametersOf(const std::vector<TValue>& values)
-{
-    TParameters parameters;
-    parameters.texts.reserve(values.size());
-    for (const auto& value : values) {
-        parameters.texts.push_back(value.IsNull() ? std::string() : TextOf(value));
-        parameters.pointers.push_back(value.IsNull() ? nullptr : parameters.texts.back().c_str());
-    }
-    return parameters;
-}
-
 /// Which statement is prepared for these values: one text may stand for several, by the kinds of its values.
-std::string KeyOf(const std::string& sql, const std::vector<TValue>& values)
+void WriteKey(const std::string& sql, const std::vector<TValue>& values, std::string& key)
 {
-    std::string key = sql;
+    key = sql;
     key += '\0';
     for (const auto& value : values)
         key += static_cast<char>('A' + TypeOf(value) % 64);
-    return key;
+}
+
+void WriteText(const TValue& value, std::string& text)
+{
+    if (value.IsText()) {
+        text.assign(value.Text(), 0, value.Text().find_last_not_of(' ') + 1);
+        CheckText(text);
+    } else {
+        text = value.IsDate() ? value.AsDateTime().SqlText() : value.AsString();
+    }
 }
 
 /// The server did not find out what the values are.
@@ -169,12 +158,25 @@ std::int64_t TPostgreSqlDatabase::RunAtServer(
 
 TPostgreSqlDatabase::TPrepared& TPostgreSqlDatabase::Prepared(const std::string& sql, const std::vector<TValue>& values)
 {
-    const auto key = KeyOf(sql, values);
-    if (auto* known = statements_.Find(key))
+    WriteKey(sql, values, key_);
+    if (auto* known = statements_.Find(key_))
         return *known;
     TPrepared prepared;
     prepared.sql = Dialect().Translate(sql);
-    return statements_.Add(key, std::move(prepared));
+    return statements_.Add(key_, std::move(prepared));
+}
+
+/// Valid until it is asked for again.
+TParameters TPostgreSqlDatabase::ParametersOf(const std::vector<TValue>& values)
+{
+    texts_.resize(std::max(texts_.size(), values.size()));
+    pointers_.clear();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (!values[i].IsNull())
+            WriteText(values[i], texts_[i]);
+        pointers_.push_back(values[i].IsNull() ? nullptr : texts_[i].c_str());
+    }
+    return pointers_;
 }
 
 TResultPtr TPostgreSqlDatabase::RunTyped(TPrepared& prepared, const std::vector<TValue>& values)
@@ -206,14 +208,14 @@ TResultPtr TPostgreSqlDatabase::RunGuarded(TPrepared& prepared, const std::vecto
         connection_->Queue(("DEALLOCATE " + name).c_str());
     QueueGuard(prepared.sql.kind);
     if (prepared.name) {
-        connection_->QueueRun(prepared.name->Text(), parameters);
+        connection_->QueueRun(prepared.name->Text().c_str(), parameters);
         return connection_->Flush();
     }
 
     const auto name = "s" + std::to_string(++lastName_);
     const int before = connection_->QueueLength();
     connection_->QueuePrepare(name, prepared.sql.text, TypesOf(values, prepared.typing));
-    connection_->QueueRun(name, parameters);
+    connection_->QueueRun(name.c_str(), parameters);
     try {
         auto answer = connection_->Flush();
         prepared.name = std::make_unique<TServerName>(name, dropped_);
@@ -242,12 +244,15 @@ void TPostgreSqlDatabase::QueueGuard(TSqlKind kind)
             connection_->Queue(TTransactionCommand::Begin);
         return;
     }
-    if (savepoint_ == TSavepoint::Fresh)
+    if (fresh_)
         return;
-    if (savepoint_ == TSavepoint::Used)
-        connection_->Queue(TTransactionCommand::ReleaseSavepoint);
-    connection_->Queue(TTransactionCommand::Savepoint);
-    savepoint_ = TSavepoint::Fresh;
+    if (savepoints_ == NestedSavepoints) {
+        connection_->Queue(TTransactionCommand::ReleaseOuter);
+        savepoints_ = 0;
+    }
+    connection_->Queue(savepoints_ == 0 ? TTransactionCommand::OuterSavepoint : TTransactionCommand::InnerSavepoint);
+    ++savepoints_;
+    fresh_ = true;
 }
 
 void TPostgreSqlDatabase::Undo(TSqlKind kind)
@@ -255,7 +260,7 @@ void TPostgreSqlDatabase::Undo(TSqlKind kind)
     if (!connection_->IsAlive())
         return;
     if (Pending())
-        Command(TTransactionCommand::RollbackToSavepoint);
+        Command(savepoints_ == 1 ? TTransactionCommand::RollbackToOuter : TTransactionCommand::RollbackToInner);
     else if (kind != TSqlKind::Read)
         Command(TTransactionCommand::Rollback);
 }
@@ -269,7 +274,9 @@ void TPostgreSqlDatabase::NoteDone(TSqlKind kind, bool touched)
             Command(TTransactionCommand::Rollback);
         return;
     }
-    savepoint_ = Pending() ? TSavepoint::Used : TSavepoint::None;
+    if (!Pending())
+        savepoints_ = 0;
+    fresh_ = false;
     NotePending();
 }
 
@@ -317,7 +324,7 @@ bool Exists(const TDatabaseAddress& address)
 {
     auto connection = Administration(address);
     connection.QueuePrepare("", "SELECT 1 FROM pg_database WHERE datname = $1", {});
-    connection.QueueRun("", {{address.name}, {address.name.c_str()}});
+    connection.QueueRun("", std::array{address.name.c_str()});
     return PQntuples(connection.Flush().get()) > 0;
 }
 

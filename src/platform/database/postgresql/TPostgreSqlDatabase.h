@@ -13,7 +13,8 @@ namespace alinhavo::postgresql {
 ///
 /// Reads with nothing pending run by themselves. The first write begins the transaction, in the message that carries it. While
 /// something is pending each statement stands behind a savepoint, set in the same message, since the server gives up the whole
-/// transaction for one failure; a savepoint behind which nothing was written serves the next statement too.
+/// transaction for one failure; a savepoint behind which nothing was written serves the next statement too. Savepoints are nested
+/// and released several at once, which is cheaper than one by one.
 class TPostgreSqlDatabase final : public TSqlDatabase {
 public:
     TPostgreSqlDatabase(TDatabaseAddress address, const TDatabaseOptions& options);
@@ -63,10 +64,9 @@ private:
         TTyping typing = TTyping::ByValue;
     };
 
-    enum class TSavepoint { None, Used, Fresh };
-
     static std::vector<Oid> TypesOf(const std::vector<TValue>& values, TTyping typing);
     TPrepared& Prepared(const std::string& sql, const std::vector<TValue>& values);
+    TParameters ParametersOf(const std::vector<TValue>& values);
     /// Finds the typing that the server understands, and runs.
     TResultPtr RunTyped(TPrepared& prepared, const std::vector<TValue>& values);
     TResultPtr RunGuarded(TPrepared& prepared, const std::vector<TValue>& values);
@@ -82,7 +82,11 @@ private:
     TNames dropped_;
     TStatementCache<TPrepared> statements_;
     std::size_t lastName_ = 0;
-    TSavepoint savepoint_ = TSavepoint::None;
+    std::string key_; ///< these three only to keep their memory
+    std::vector<std::string> texts_;
+    std::vector<const char*> pointers_;
+    int savepoints_ = 0; ///< that are nested
+    bool fresh_ = false; ///< nothing was written behind the last of them
 };
 
 void Create(const TDatabaseAddress& address);

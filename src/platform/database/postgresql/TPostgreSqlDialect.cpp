@@ -107,9 +107,14 @@ std::string TPostgreSqlDialect::ExistingConstraints() const
         + std::string(GlobalSchema) + "', '" + Schema() + "')";
 }
 
+// A table that was counted while it was empty is read from end to end until the server counts again, also when thousands of rows
+// have come since; one that was never counted is looked up by its indexes.
 std::vector<std::string> TPostgreSqlDialect::StatisticsCommands(const std::set<std::string>&) const
 {
-    return {"ANALYZE"};
+    return {"DO 'DECLARE counted regclass; BEGIN FOR counted IN SELECT c.oid FROM pg_class c JOIN pg_namespace n"
+            " ON n.oid = c.relnamespace WHERE c.relkind = ''r'' AND n.nspname IN (''"
+        + std::string(GlobalSchema) + "'', ''" + Schema()
+        + "'') AND pg_relation_size(c.oid) > 0 LOOP EXECUTE ''ANALYZE '' || counted; END LOOP; END'"};
 }
 
 std::string TPostgreSqlDialect::Schema() const { return "emp" + LowerName(Company()); }
