@@ -8,6 +8,7 @@
 #include "platform/web/TWebSession.h"
 #include "sewing/TReaderService.h"
 #include "sewing/TSewingApplication.h"
+#include "tests/platform/session/TOpenHost.h"
 
 #include <algorithm>
 #include <array>
@@ -108,47 +109,6 @@ private:
     std::int64_t dialog_ = 0;
 };
 
-/// The sewing application as a session's only workplace.
-class TSewingPlace final : public IWorkplace {
-public:
-    TSewingPlace(IEventSource& source, IView& view, const TDatabaseAddress& address)
-        : Sewing(source, &view, address)
-    {
-    }
-    TApplication& Application() override { return Sewing; }
-    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
-    TDateTime PendingSince() const override { return {}; }
-    void Cancel() override { }
-
-    TSewingApplication Sewing;
-
-private:
-    std::vector<TMenuEntry> menu_;
-};
-
-/// Opens that workplace, and keeps nothing.
-class TSewingHost final : public ISessionHost {
-public:
-    using TMaker = std::function<std::unique_ptr<IWorkplace>(IEventSource& source, IView& view)>;
-
-    explicit TSewingHost(TMaker maker)
-        : maker_(std::move(maker))
-    {
-    }
-    std::optional<TSessionUser> LogIn(std::string_view, std::string_view) override { return std::nullopt; }
-    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
-    {
-        return maker_(source, view);
-    }
-    TClientSettings Settings(const TSessionUser&) override { return {}; }
-    void WriteSettings(const TSessionUser&, const TClientSettings&) override { }
-    void LeaveNotice(const TSessionUser&, std::string_view) override { }
-    std::string TakeNotice(const TSessionUser&) override { return {}; }
-
-private:
-    TMaker maker_;
-};
-
 /// A session over a fresh database with so many lines.
 class TGround {
 public:
@@ -223,16 +183,16 @@ private:
 
     std::unique_ptr<IWorkplace> Open(IEventSource& source, IView& view)
     {
-        auto place = std::make_unique<TSewingPlace>(source, view, address_);
-        place->Sewing.Host.funcoes.GravaAjuste("RFID", "endereco", service_.Url());
-        place->Sewing.Host.funcoes.GravaAjuste("RFID", "chave", "segredo");
-        screen_ = &place->Sewing.OpenGrid();
-        return place;
+        auto sewing = std::make_unique<TSewingApplication>(source, &view, address_);
+        sewing->Host.funcoes.GravaAjuste("RFID", "endereco", service_.Url());
+        sewing->Host.funcoes.GravaAjuste("RFID", "chave", "segredo");
+        screen_ = &sewing->OpenGrid();
+        return std::make_unique<TPlainWorkplace>(std::move(sewing));
     }
 
     TDatabaseAddress address_;
     TReaderService service_;
-    TSewingHost host_{[this](IEventSource& source, IView& view) { return Open(source, view); }};
+    TOpenHost host_{[this](IEventSource& source, IView& view) { return Open(source, view); }};
     TNobodyConnected others_;
     std::shared_ptr<TBrowser> browser_;
     std::unique_ptr<TWebSession> session_;

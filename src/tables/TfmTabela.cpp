@@ -183,7 +183,7 @@ TStatement TfmTabela::CondicaoDoFiltro() const
 TStatement TfmTabela::Condicao() const
 {
     TStatement tudo;
-    for (const auto& condicao : {StandsIn(SearchedColumns(tabela_), Trim(edtBusca.text())), CondicaoDoFiltro()}) {
+    for (const auto& condicao : {StandsIn(SearchedColumns(tabela_), Trim(edtBusca.text())), filtro_}) {
         if (!condicao.IsEmpty())
             tudo.Add(tudo.IsEmpty() ? TFragment(" WHERE (") : TFragment(" AND (")).Add(condicao).Add(")");
     }
@@ -282,16 +282,17 @@ void TfmTabela::edtFiltroExit()
         Procura();
 }
 
-/// A text that the column cannot hold is no filter.
+/// A text that the column cannot hold is no filter: it stays to be corrected, by another column too, and the list as it is.
 bool TfmTabela::FiltroAceito()
 {
     try {
-        CondicaoDoFiltro();
+        filtro_ = CondicaoDoFiltro();
         return true;
     } catch (const std::invalid_argument& recusa) {
-        Mensagem(recusa.what());
-        edtFiltro.Clear();
-        edtFiltro.SetFocus();
+        if (!FocusGoesTo(CbFiltro) && !FocusGoesTo(edtFiltro) && !FocusGoesTo(BtSaida)) {
+            Mensagem(recusa.what());
+            edtFiltro.SetFocus();
+        }
         return false;
     }
 }

@@ -137,6 +137,7 @@ private:
     const std::string chave_; ///< as Locate takes it: "CODIGO;PARTE"
     std::string ordem_; ///< column of the title clicked last; empty: by key
     bool descendente_ = false;
+    TStatement filtro_; ///< the condition accepted last
     std::string procurado_; ///< for what the list was last searched
     bool grande_ = false; ///< a search of every row takes longer than a keystroke may
 };

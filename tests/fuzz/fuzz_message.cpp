@@ -3,11 +3,12 @@
 //
 // A line of the input is one message: as it stands when it begins with "{", else made of the line's bytes.
 
+#include "../platform/session/roteiro/TPlayedScreens.h"
+#include "../platform/session/TOpenHost.h"
 #include "Finding.h"
 #include "forms/TEdit.h"
 #include "platform/web/TSessionRegistry.h"
 #include "TFuzzBytes.h"
-#include "TFuzzHost.h"
 
 #include <array>
 #include <condition_variable>
@@ -220,11 +221,22 @@ TUserAtWork& Neighbour(TSessionRegistry& registry)
     return neighbour;
 }
 
+/// A screen of each kind of control, and nothing behind it.
+std::unique_ptr<IWorkplace> OpenScreens(IEventSource& source, IView& view)
+{
+    auto application = std::make_unique<TApplication>(source, &view);
+    application->RegisterForm("TfmTela", [](TApplication& app) { return std::make_unique<TfmTela>(app); });
+    application->RegisterForm("TfmDetalhe", [](TApplication& app) { return std::make_unique<TfmDetalhe>(app); });
+    application->LoadForm("TfmTela").Show();
+    return std::make_unique<TPlainWorkplace>(
+        std::move(application), std::vector<TMenuEntry>{{"Testes", "Tela", "TfmTela"}});
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    static TFuzzHost host;
+    static TOpenHost host(OpenScreens);
     static TSessionRegistry registry(host, {});
     const auto& neighbour = Neighbour(registry);
     const auto told = neighbour.client->Messages();

@@ -1,4 +1,4 @@
-#include "forms/TApplication.h"
+#include "../session/TOpenHost.h"
 #include "platform/report/TWorkFolder.h"
 #include "platform/web/TWebServer.h"
 #include "TTestCertificate.h"
@@ -21,39 +21,6 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using tcp = boost::asio::ip::tcp;
 using json = nlohmann::json;
-
-/// An application without screens.
-class TEmptyWorkplace final : public IWorkplace {
-public:
-    TEmptyWorkplace(IEventSource& source, IView& view)
-        : application_(source, &view)
-    {
-    }
-    TApplication& Application() override { return application_; }
-    const std::vector<TMenuEntry>& Menu() const override { return menu_; }
-    TDateTime PendingSince() const override { return {}; }
-    void Cancel() override { }
-
-private:
-    TApplication application_;
-    std::vector<TMenuEntry> menu_;
-};
-
-class TOpenHost final : public ISessionHost {
-public:
-    std::optional<TSessionUser> LogIn(std::string_view name, std::string_view) override
-    {
-        return TSessionUser{std::string(name), std::string(name)};
-    }
-    std::unique_ptr<IWorkplace> Open(const TSessionUser&, IEventSource& source, IView& view, TConectados&) override
-    {
-        return std::make_unique<TEmptyWorkplace>(source, view);
-    }
-    TClientSettings Settings(const TSessionUser&) override { return {}; }
-    void WriteSettings(const TSessionUser&, const TClientSettings&) override { }
-    void LeaveNotice(const TSessionUser&, std::string_view) override { }
-    std::string TakeNotice(const TSessionUser&) override { return {}; }
-};
 
 class EncryptedServer : public testing::Test {
 protected:
@@ -123,7 +90,10 @@ protected:
     ssl::context tls_{ssl::context::tls_client};
     TWorkFolder folder_;
     TTestKey key_;
-    TOpenHost host_;
+    /// Whose applications have no screens.
+    TOpenHost host_{[](IEventSource& source, IView& view) {
+        return std::make_unique<TPlainWorkplace>(std::make_unique<TApplication>(source, &view));
+    }};
     std::unique_ptr<TWebServer> server_;
 };
 
