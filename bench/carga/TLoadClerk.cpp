@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 #include <thread>
+#include <utility>
 
 namespace alinhavo {
 
@@ -91,15 +92,16 @@ TLoadClerk::TLoadClerk(
 void TLoadClerk::Work()
 {
     std::this_thread::sleep_for(plan_.warmUp / 2 * number_ / clerks_);
-    json open;
-    open["event"] = "open";
-    open["class"] = Screen;
-    Do(open);
+    client_.Do({{"event", "open"}, {"class", Screen}}, TEventKind::Step);
+    bool gaveUp = false;
     while (std::chrono::steady_clock::now() < plan_.end) {
         try {
-            Job();
+            if (std::exchange(gaveUp, false))
+                GiveUp();
+            else
+                Job();
         } catch (const TGaveUp&) {
-            GiveUp();
+            gaveUp = true; // also when giving up met with a refusal
         }
     }
 }
