@@ -207,11 +207,17 @@ bool TfmFacMov::PodeExtornar(std::string_view, std::string_view, std::string_vie
         || !Existe("FACCAO3", "NUMERO,ID_ANT", Aspas(QryEstorno.NUMERO.value()), std::to_string(destino));
 }
 
+// Users who move the same position at the same moment give their movements the same number. Of their positions the one with as
+// many pieces is this movement's and, of those, one that can still go.
 std::int64_t TfmFacMov::PosicaoAberta()
 {
-    return ConsultaValor("SELECT IDENTIFICADOR FROM {FACCAO} WHERE NUMERO = ? AND MOV = ? AND ID_ANT = ? "
-                         "ORDER BY IDENTIFICADOR",
-        QryEstorno.NUMERO.value(), QryEstorno.MOV.value(), QryEstorno.ID_ANT.value())
+    return ConsultaValor(R"(
+        SELECT F.IDENTIFICADOR FROM {FACCAO} F WHERE F.NUMERO = ? AND F.MOV = ? AND F.ID_ANT = ?
+         ORDER BY CASE WHEN F.QT_ORIG = ? THEN 0 ELSE 1 END,
+                  CASE WHEN EXISTS (SELECT 1 FROM {FACCAO3} H WHERE H.NUMERO = F.NUMERO AND H.ID_ANT = F.IDENTIFICADOR)
+                       THEN 1 ELSE 0 END,
+                  F.IDENTIFICADOR)",
+        QryEstorno.NUMERO.value(), QryEstorno.MOV.value(), QryEstorno.ID_ANT.value(), QryEstorno.QUANT.value())
         .AsInteger();
 }
 
