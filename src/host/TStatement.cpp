@@ -152,6 +152,9 @@ std::string TStatement::Rendered() const
 
 void TStatement::Begin(TFragment fragment, std::size_t arguments)
 {
+    if (fragment.Placeholders() != arguments)
+        throw std::logic_error("a fragment has " + std::to_string(fragment.Placeholders()) + " placeholders and "
+            + std::to_string(arguments) + " arguments: " + std::string(fragment.Text()));
     rest_ = fragment.Text();
     text_.reserve(text_.size() + rest_.size());
     if (values_.empty())
@@ -182,20 +185,10 @@ void TStatement::Argument(const TLiteralList& list)
     }
 }
 
-void TStatement::End()
-{
-    if (FindPlaceholder(rest_) != std::string_view::npos)
-        throw std::logic_error("a fragment has more placeholders than arguments: " + std::string(rest_));
-    text_.append(rest_);
-    rest_ = {};
-}
-
 /// Appends what stands before the next placeholder, and leaves the placeholder out.
 void TStatement::CopyToPlaceholder()
 {
     const auto place = FindPlaceholder(rest_);
-    if (place == std::string_view::npos)
-        throw std::logic_error("a fragment has fewer placeholders than arguments: " + std::string(rest_));
     text_.append(rest_.substr(0, place));
     rest_.remove_prefix(place + 1);
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -31,15 +32,21 @@ public:
         : text_(text, N - 1)
     {
         char quote = 0;
-        for (const char character : text_)
+        for (const char character : text_) {
+            if (character == '?' && quote == 0)
+                ++placeholders_;
             quote = detail::QuoteAfter(quote, character);
+        }
         if (quote != 0)
             throw "a fragment leaves a quote open";
     }
     constexpr std::string_view Text() const { return text_; }
+    /// The `?` outside of quotes.
+    constexpr std::size_t Placeholders() const { return placeholders_; }
 
 private:
     std::string_view text_;
+    std::size_t placeholders_ = 0;
 };
 
 /// The name of a table or column chosen at run time (a size's column, a term's price). Checked when it is made: letters,
@@ -86,11 +93,15 @@ public:
     /// Appends the fragment. There must be as many `?` as arguments (a std::logic_error otherwise). An argument is a
     /// value (anything a TValue is made of), a TName, which is written in place of its `?`, or a TLiteralList, whose `?`
     /// becomes as many placeholders as it has values, separated by commas.
-    TStatement& Add(TFragment fragment, auto&&... arguments)
+    template <typename... TArguments>
+    TStatement& Add(TFragment fragment, TArguments&&... arguments)
     {
         Begin(fragment, sizeof...(arguments));
-        (Argument(std::forward<decltype(arguments)>(arguments)), ...);
-        End();
+        if constexpr ((IsWritten<TArguments> || ...))
+            (Argument(std::forward<TArguments>(arguments)), ...);
+        else
+            (values_.emplace_back(std::forward<TArguments>(arguments)), ...);
+        text_.append(rest_);
         return *this;
     }
     TStatement& Add(const TStatement& other);
@@ -108,12 +119,15 @@ private:
     void Argument(TValue value);
     void Argument(const TName& name);
     void Argument(const TLiteralList& list);
-    void End();
     void CopyToPlaceholder();
+
+    /// Arguments that change the text around their placeholder.
+    template <typename TArgument>
+    static constexpr bool IsWritten = !std::is_constructible_v<TValue, TArgument>;
 
     std::string text_;
     std::vector<TValue> values_;
-    std::string_view rest_; ///< of the fragment that is being added
+    std::string_view rest_; ///< of the fragment added last, what was not appended yet
 };
 
 /// The text as an SQL literal, in single quotes, those inside doubled; an empty text gives ''.

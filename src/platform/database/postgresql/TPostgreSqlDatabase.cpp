@@ -45,14 +45,18 @@ void WriteKey(const std::string& sql, const std::vector<TValue>& values, std::st
         key += static_cast<char>('A' + TypeOf(value) % 64);
 }
 
-void WriteText(const TValue& value, std::string& text)
+/// Without the blanks at its end, which a column does not hold: its own text, or one written to `buffer`.
+const char* TextOf(const TValue& value, std::string& buffer)
 {
-    if (value.IsText()) {
-        text.assign(value.Text(), 0, value.Text().find_last_not_of(' ') + 1);
-        CheckText(text);
-    } else {
-        text = value.IsDate() ? value.AsDateTime().SqlText() : value.AsString();
+    if (!value.IsText()) {
+        buffer = value.IsDate() ? value.AsDateTime().SqlText() : value.AsString();
+        return buffer.c_str();
     }
+    CheckText(value.Text());
+    if (!value.Text().ends_with(' '))
+        return value.Text().c_str();
+    buffer.assign(value.Text(), 0, value.Text().find_last_not_of(' ') + 1);
+    return buffer.c_str();
 }
 
 /// The server did not find out what the values are.
@@ -166,16 +170,13 @@ TPostgreSqlDatabase::TPrepared& TPostgreSqlDatabase::Prepared(const std::string&
     return statements_.Add(key_, std::move(prepared));
 }
 
-/// Valid until it is asked for again.
+/// Valid as long as the values, until it is asked for again.
 TParameters TPostgreSqlDatabase::ParametersOf(const std::vector<TValue>& values)
 {
     texts_.resize(std::max(texts_.size(), values.size()));
     pointers_.clear();
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        if (!values[i].IsNull())
-            WriteText(values[i], texts_[i]);
-        pointers_.push_back(values[i].IsNull() ? nullptr : texts_[i].c_str());
-    }
+    for (std::size_t i = 0; i < values.size(); ++i)
+        pointers_.push_back(values[i].IsNull() ? nullptr : TextOf(values[i], texts_[i]));
     return pointers_;
 }
 
