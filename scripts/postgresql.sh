@@ -7,7 +7,7 @@ postgresql_folder=
 # Starts the server and exports ALINHAVO_TEST_POSTGRESQL, the connection string of its superuser.
 start_postgresql() {
     local programs password port
-    programs=$(printf '%s\n' /usr/lib/postgresql/*/bin | sort -V | tail -n 1)
+    programs=$(postgresql_programs)
     postgresql_folder=$(mktemp -d "${TMPDIR:-$(quick_folder)}/alinhavo-postgresql-XXXXXX")
     password=$(head -c 24 /dev/urandom | base64 | tr -dc 'A-Za-z0-9')
     printf '%s' "$password" >"$postgresql_folder/password"
@@ -33,6 +33,15 @@ CONF
     done
     cat "$postgresql_folder/server.log"
     return 1
+}
+
+# Its sessions are ended, what they have not committed is undone.
+restart_postgresql() {
+    as_postgres "$(postgresql_programs)/pg_ctl" restart --wait --silent --mode fast --pgdata data --log server.log
+}
+
+postgresql_programs() {
+    printf '%s\n' /usr/lib/postgresql/*/bin | sort -V | tail -n 1
 }
 
 # Each roteiro has a database of its own, a thousand files that memory makes ten times as fast as a disk.

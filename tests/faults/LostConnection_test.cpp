@@ -1,8 +1,10 @@
-// The connection to PostgreSQL is cut before each statement of an operation, and the server is away for a while.
+// The connections to PostgreSQL are cut before each statement of an operation, the server is restarted there, and it is away for a
+// while. Another user has something entered meanwhile.
 //
 // ALINHAVO_FAULTS=all tries each of them, otherwise a sample.
 
 #include "faults/moments.h"
+#include "faults/TOwnServer.h"
 #include "faults/TWorkshop.h"
 #include "master/TfmFacFluxo.h"
 #include "movement/TfmFacMov.h"
@@ -11,7 +13,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <gmock/gmock.h>
+#include <memory>
 #include <regex>
 
 namespace alinhavo {
@@ -24,10 +28,10 @@ class LostConnection : public testing::TestWithParam<std::string> {
 protected:
     void SetUp() override
     {
-        const char* uri = std::getenv("ALINHAVO_TEST_POSTGRESQL"); // NOLINT(concurrency-mt-unsafe)
-        if (!uri)
+        if (!std::getenv("ALINHAVO_TEST_POSTGRESQL")) // NOLINT(concurrency-mt-unsafe)
             GTEST_SKIP() << "ALINHAVO_TEST_POSTGRESQL is not set";
-        factory_ = FreshAddress(TDatabaseServer::PostgreSql);
+        uri_ = Uri();
+        factory_ = FreshAddress(uri_);
         CreateDatabase(factory_);
         const auto database = OpenDatabase(factory_);
         MigrateSchema(*database);
@@ -41,16 +45,35 @@ protected:
             DropDatabase(factory_);
     }
 
+    /// Of the server's superuser.
+    virtual std::string Uri() { return std::getenv("ALINHAVO_TEST_POSTGRESQL"); } // NOLINT(concurrency-mt-unsafe)
+
     TDatabaseAddress Copy()
     {
-        copies_.push_back(FreshAddress(TDatabaseServer::PostgreSql));
+        copies_.push_back(FreshAddress(uri_));
         CopyDatabase(factory_, copies_.back());
         return copies_.back();
     }
 
+    using TCut = std::function<void(const TDatabaseAddress&)>;
+    void TryAt(int moment, const TOperation& operation, const std::vector<std::string>& commitPoints, const TCut& cut);
+    void TryAtEachMoment(const TCut& cut);
+
 private:
+    std::string uri_;
     TDatabaseAddress factory_;
     std::vector<TDatabaseAddress> copies_;
+};
+
+class RestartedServer : public LostConnection {
+protected:
+    std::string Uri() override
+    {
+        server = std::make_unique<TOwnServer>();
+        return server->Uri();
+    }
+
+    std::unique_ptr<TOwnServer> server;
 };
 
 /// A hand on the server, in a database of its own.
@@ -134,42 +157,71 @@ MATCHER(TellsOfTheConnection, "")
     });
 }
 
-TEST_P(LostConnection, IsToldLeavesTheDatabaseAtACommitPointAndIsOpenedAgainByTheNextAction)
+/// The one whose operation is cut is told, and the database stands at a commit point; what he and another had entered is kept, and
+/// their next actions open the connection again.
+void LostConnection::TryAt(
+    int moment, const TOperation& operation, const std::vector<std::string>& commitPoints, const TCut& cut)
+{
+    const auto address = Copy();
+    TWorkshop workshop(address);
+    TWorkshop another(address);
+    another.clerk.Open("TfmFacMov");
+    another.EnterMovement(TWorkshop::NextOrder);
+    another.clerk.Heard();
+    const auto typedByAnother = Typed(another);
+    operation.prepare(workshop);
+    workshop.clerk.Heard();
+    const auto typed = Typed(workshop);
+    int left = moment;
+    workshop.database.OnMoment = [&] {
+        if (--left == 0)
+            cut(address);
+    };
+    operation.act(workshop);
+    workshop.database.OnMoment = nullptr;
+    ASSERT_LE(left, 0);
+
+    const auto heard = workshop.clerk.Heard();
+    const auto database = OpenDatabase(address);
+    const auto found = Committed(*database);
+    EXPECT_TRUE(std::ranges::find(commitPoints, found) != commitPoints.end());
+    EXPECT_EQ(Errors(*database), std::vector<std::string>());
+    if (found != commitPoints.back()) {
+        EXPECT_THAT(heard, TellsOfTheConnection()) << testing::PrintToString(heard);
+        EXPECT_EQ(Typed(workshop), typed);
+        operation.act(workshop);
+        EXPECT_EQ(WithoutNumbers(Committed(*database)), WithoutNumbers(commitPoints.back()))
+            << "again: " << testing::PrintToString(workshop.clerk.Heard());
+    }
+
+    another.clerk.Click("btn00Confirmar");
+    EXPECT_THAT(another.clerk.Heard(), TellsOfTheConnection());
+    EXPECT_EQ(Typed(another), typedByAnother);
+    another.clerk.Click("btn00Confirmar");
+    EXPECT_EQ(another.clerk.Heard(), std::vector<std::string>());
+    EXPECT_TRUE(TWorkshop(address).Moved(TWorkshop::NextOrder));
+    EXPECT_EQ(Errors(*database), std::vector<std::string>());
+}
+
+void LostConnection::TryAtEachMoment(const TCut& cut)
 {
     const auto& operation = FindOperation(GetParam());
     const auto record = Watch(Copy(), operation);
     ASSERT_GE(record.commitPoints.size(), 2U);
     for (const int moment : MomentsToTry(record.moments - 1)) {
         SCOPED_TRACE("cut at moment " + std::to_string(moment) + " of " + std::to_string(record.moments));
-        const auto address = Copy();
-        {
-            TServerHand server(address);
-            TWorkshop workshop(address);
-            operation.prepare(workshop);
-            workshop.clerk.Heard();
-            const auto typed = Typed(workshop);
-            int left = moment;
-            workshop.database.OnMoment = [&] {
-                if (--left == 0)
-                    server.CutAll();
-            };
-            operation.act(workshop);
-            workshop.database.OnMoment = nullptr;
-            ASSERT_LE(left, 0);
-            const auto heard = workshop.clerk.Heard();
-            const auto other = OpenDatabase(address);
-            const auto found = Committed(*other);
-            EXPECT_TRUE(std::ranges::find(record.commitPoints, found) != record.commitPoints.end());
-            EXPECT_EQ(Errors(*other), std::vector<std::string>());
-            if (found != record.commitPoints.back()) {
-                EXPECT_THAT(heard, TellsOfTheConnection()) << testing::PrintToString(heard);
-                EXPECT_EQ(Typed(workshop), typed);
-                operation.act(workshop);
-                EXPECT_EQ(WithoutNumbers(Committed(*other)), WithoutNumbers(record.commitPoints.back()))
-                    << "again: " << testing::PrintToString(workshop.clerk.Heard());
-            }
-        }
+        TryAt(moment, operation, record.commitPoints, cut);
     }
+}
+
+TEST_P(LostConnection, IsToldLeavesTheDatabaseAtACommitPointAndIsOpenedAgainByTheNextAction)
+{
+    TryAtEachMoment([](const TDatabaseAddress& address) { TServerHand(address).CutAll(); });
+}
+
+TEST_P(RestartedServer, IsToldLeavesTheDatabaseAtACommitPointAndIsUsedAgainByTheNextAction)
+{
+    TryAtEachMoment([&](const TDatabaseAddress&) { server->Restart(); });
 }
 
 TEST_P(LostConnection, AServerThatIsAwayIsToldAndMissedNoLongerThanItIsAway)
@@ -195,8 +247,10 @@ TEST_P(LostConnection, AServerThatIsAwayIsToldAndMissedNoLongerThanItIsAway)
     EXPECT_EQ(WithoutNumbers(Committed(*OpenDatabase(address))), WithoutNumbers(record.commitPoints.back()));
 }
 
-INSTANTIATE_TEST_SUITE_P(In, LostConnection, testing::Values("confirmation", "reversal", "removal", "flow"),
-    [](const auto& test) { return test.param; });
+const auto operations = testing::Values("confirmation", "reversal", "removal", "flow");
+
+INSTANTIATE_TEST_SUITE_P(In, LostConnection, operations, [](const auto& test) { return test.param; });
+INSTANTIATE_TEST_SUITE_P(In, RestartedServer, operations, [](const auto& test) { return test.param; });
 
 } // namespace
 } // namespace alinhavo

@@ -24,6 +24,12 @@ std::string PostgreSqlUri()
     return uri ? uri : "";
 }
 
+std::string FreshName()
+{
+    static int last = 0;
+    return "alinhavo_" + std::to_string(getpid()) + "_" + std::to_string(++last);
+}
+
 /// Databases with the schema, made once for each server; the tests work in copies of them.
 class TTemplates : public testing::Environment {
 public:
@@ -62,12 +68,14 @@ TTemplates& Templates()
 
 TDatabaseAddress FreshAddress(TDatabaseServer server)
 {
-    static int last = 0;
-    const auto name = "alinhavo_" + std::to_string(getpid()) + "_" + std::to_string(++last);
-    if (server == TDatabaseServer::Firebird)
-        return TDatabaseAddress::Parse((Folder() / (name + ".fdb")).string());
-    const auto uri = PostgreSqlUri();
-    return TDatabaseAddress::Parse(uri.substr(0, uri.rfind('/') + 1) + name);
+    if (server == TDatabaseServer::PostgreSql)
+        return FreshAddress(PostgreSqlUri());
+    return TDatabaseAddress::Parse((Folder() / (FreshName() + ".fdb")).string());
+}
+
+TDatabaseAddress FreshAddress(const std::string& uri)
+{
+    return TDatabaseAddress::Parse(uri.substr(0, uri.rfind('/') + 1) + FreshName());
 }
 
 std::string ServerName(const testing::TestParamInfo<TDatabaseServer>& info)

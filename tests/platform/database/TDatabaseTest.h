@@ -41,6 +41,8 @@ private:
 
 /// An address of its own for each call.
 TDatabaseAddress FreshAddress(TDatabaseServer server);
+/// At the PostgreSQL server whose superuser's address it is.
+TDatabaseAddress FreshAddress(const std::string& uri);
 std::string ServerName(const testing::TestParamInfo<TDatabaseServer>& info);
 
 #define ON_BOTH_SERVERS(suite)                                                                                         \

@@ -18,7 +18,7 @@ using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStderr;
 using testing::internal::GetCapturedStdout;
 
-const std::filesystem::path Root = ALINHAVO_ROOT;
+const std::filesystem::path Root = ALINHAVO_SOURCE_DIR;
 
 /// The commands, run as the command line runs them.
 class ExchangeCommands : public TImportTest {
