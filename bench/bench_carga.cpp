@@ -195,26 +195,28 @@ bool Load(const TOptions& options, std::size_t users, const TOwnDatabase& prepar
     const auto user = FindUser(*database, "MARIA").value();
 
     TDatabaseHost host(HostOptions(factory, options));
-    TSessionRegistry registry(host, {.sessions = users});
+    TSessionRegistry registry(host, {.sessions = 2 * users}); // some of them may be at their end
     TEventTimes times;
     TLedger ledger;
     TLoadCounts counts;
     std::atomic<bool> failed = false;
+    const auto logIn = [&] {
+        const auto found = registry.Take(registry.LogIn(user), TSessionRegistry::New);
+        return std::make_unique<TLoadClient>(found.session, times);
+    };
     {
-        std::vector<std::unique_ptr<TLoadClient>> clients;
-        for (std::size_t number = 0; number < users; ++number) {
-            const auto found = registry.Take(registry.LogIn(user), TSessionRegistry::New);
-            clients.push_back(std::make_unique<TLoadClient>(found.session, times));
-        }
+        std::vector<std::unique_ptr<TLoadClerk>> clerks;
+        for (std::size_t number = 0; number < users; ++number)
+            clerks.push_back(std::make_unique<TLoadClerk>(logIn, plan, number, users, ledger, counts));
         plan.warmUp = Seconds(options.warmUp);
         const auto begin = std::chrono::steady_clock::now() + plan.warmUp;
         times.CountFrom(begin);
         plan.end = begin + Seconds(options.seconds);
         std::vector<std::jthread> threads;
-        for (std::size_t number = 0; number < users; ++number)
-            threads.emplace_back([&, number] {
+        for (const auto& clerk : clerks)
+            threads.emplace_back([&failed, &clerk = *clerk] {
                 try {
-                    TLoadClerk(*clients[number], plan, number, users, ledger, counts).Work();
+                    clerk.Work();
                 } catch (const std::exception& error) {
                     std::fprintf(stderr, "a clerk could not go on: %s\n", error.what());
                     failed = true;

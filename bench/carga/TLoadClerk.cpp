@@ -63,6 +63,8 @@ bool IsAskedAlways(const std::string& text)
         || text.find("Deseja realmente estornar") != std::string::npos;
 }
 
+bool IsFailure(const std::string& text) { return text.find("Registro em uso") != std::string::npos; }
+
 } // namespace
 
 void TLoadCounts::Count(const std::string& what)
@@ -78,8 +80,9 @@ std::map<std::string, int> TLoadCounts::All() const
 }
 
 TLoadClerk::TLoadClerk(
-    TLoadClient& client, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger, TLoadCounts& counts)
-    : client_(client)
+    TLogIn logIn, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger, TLoadCounts& counts)
+    : logIn_(std::move(logIn))
+    , client_(logIn_())
     , plan_(plan)
     , number_(number)
     , clerks_(clerks)
@@ -92,11 +95,13 @@ TLoadClerk::TLoadClerk(
 void TLoadClerk::Work()
 {
     std::this_thread::sleep_for(plan_.warmUp / 2 * number_ / clerks_);
-    client_.Do({{"event", "open"}, {"class", Screen}}, TEventKind::Step);
+    OpenScreen();
     bool gaveUp = false;
     while (std::chrono::steady_clock::now() < plan_.end) {
         try {
-            if (std::exchange(gaveUp, false))
+            if (std::exchange(leftPending_, false))
+                ComeAnew();
+            else if (std::exchange(gaveUp, false))
                 GiveUp();
             else
                 Job();
@@ -152,27 +157,27 @@ bool TLoadClerk::EnterHeader(const TLot& lot)
     Key("CbParte", "Enter");
     Fill("EdtSetor", lot.place.sector);
     constexpr int Fields = 15;
-    for (int field = 0; field < Fields && client_.Focus() != Grid; ++field) {
+    for (int field = 0; field < Fields && client_->Focus() != Grid; ++field) {
         if (!Answer())
             return false;
-        const auto focus = client_.Focus();
+        const auto focus = client_->Focus();
         if (focus == "cbMovimento" && !Choose(focus, lot.batch))
             return false;
-        if (focus == "edtFacDest" && client_.Text(focus).empty())
+        if (focus == "edtFacDest" && client_->Text(focus).empty())
             Fill(focus, "00001");
         else
             Key(focus, "Enter");
     }
-    return client_.Focus() == Grid && client_.Property(Grid, "rowCount").get<int>() > 0;
+    return client_->Focus() == Grid && client_->Property(Grid, "rowCount").get<int>() > 0;
 }
 
 /// A few pieces of a few rows.
 double TLoadClerk::TypeQuantities()
 {
-    const auto rows = std::min(client_.Property(Grid, "rowCount").get<int>(), 50);
+    const auto rows = std::min(client_->Property(Grid, "rowCount").get<int>(), 50);
     std::vector<double> pending;
     for (int row = 0; row < rows; ++row)
-        pending.push_back(Number(client_.Cell(Grid, row, "Saldo")));
+        pending.push_back(Number(client_->Cell(Grid, row, "Saldo")));
     auto menu = Event("menu", Grid);
     Do(menu);
     auto item = Event("menuItem", Grid);
@@ -203,12 +208,12 @@ double TLoadClerk::TypeQuantities()
 /// With the scanner: a character every few milliseconds, without waiting for an answer.
 double TLoadClerk::ReadCodes()
 {
-    const auto product = client_.Text("edtCodproduto");
-    const auto rows = std::min(client_.Property(Grid, "rowCount").get<int>(), 50);
+    const auto product = client_->Text("edtCodproduto");
+    const auto rows = std::min(client_->Property(Grid, "rowCount").get<int>(), 50);
     std::vector<std::string> codes;
     for (int row = 0; row < rows; ++row) {
         const auto code = plan_.codes.find(
-            product + " " + client_.Cell(Grid, row, "Cor") + " " + client_.Cell(Grid, row, "Tam") + " ");
+            product + " " + client_->Cell(Grid, row, "Cor") + " " + client_->Cell(Grid, row, "Tam") + " ");
         if (code != plan_.codes.end())
             codes.push_back(code->second);
     }
@@ -216,7 +221,7 @@ double TLoadClerk::ReadCodes()
         return TypeQuantities();
     auto check = Event("check", "cbBaixaBarras");
     check["checked"] = true;
-    if (client_.Property("cbBaixaBarras", "checked") != json(true))
+    if (client_->Property("cbBaixaBarras", "checked") != json(true))
         Do(check);
     double pieces = 0;
     for (int count = 0; count < 5; ++count) {
@@ -225,10 +230,10 @@ double TLoadClerk::ReadCodes()
         for (std::size_t length = 1; length <= code.size(); ++length) {
             auto text = Event("text", "EdtBarra");
             text["text"] = code.substr(0, length);
-            client_.Send(text, length == code.size() ? TEventKind::Step : TEventKind::Keystroke);
+            client_->Send(text, length == code.size() ? TEventKind::Step : TEventKind::Keystroke);
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
-        client_.Await();
+        client_->Await();
         if (Answer())
             pieces += 1;
     }
@@ -240,7 +245,7 @@ double TLoadClerk::ReadCodes()
 void TLoadClerk::Confirm(const TLeavingPlace& place, double pieces)
 {
     Click("btn00Confirmar", TEventKind::Confirmation);
-    if (!Answer(TEventKind::Confirmation) || client_.Property("btn00Incluir", "visible") != json(true))
+    if (!Answer(TEventKind::Confirmation) || InEntry())
         throw TGaveUp();
     ledger_.Add(place, pieces);
     counts_.Count("movimentos confirmados");
@@ -250,10 +255,24 @@ void TLoadClerk::GiveUp()
 {
     counts_.Count("entradas desistidas");
     Answer();
-    if (client_.Property("btn00Desiste", "visible") == json(true))
+    TurnTo(PageOfMovement);
+    if (InEntry())
         Click("btn00Desiste");
     Answer();
 }
+
+// What was written before the failure would go with his next commit.
+void TLoadClerk::ComeAnew()
+{
+    counts_.Count("entradas de novo no sistema");
+    client_->LogOut();
+    client_ = logIn_();
+    OpenScreen();
+}
+
+void TLoadClerk::OpenScreen() { client_->Do({{"event", "open"}, {"class", Screen}}, TEventKind::Step); }
+
+bool TLoadClerk::InEntry() const { return client_->Property("pnlConfirma", "visible") == json(true); }
 
 // The other work -------------------------------------------------------------------------------------------------------------
 
@@ -265,15 +284,15 @@ void TLoadClerk::Reverse()
         return;
     TurnTo(PageOfReversal);
     Fill("edtM02OF", order);
-    const auto row = client_.Property("DBGrid3", "row").get<int>();
+    const auto row = client_->Property("DBGrid3", "row").get<int>();
     if (!Answer() || row < 0)
         return;
-    const auto cell = [&](const char* column) { return client_.Cell("DBGrid3", row, column); };
+    const auto cell = [&](const char* column) { return client_->Cell("DBGrid3", row, column); };
     const TLeavingPlace place{cell("NUMERO"), cell("PARTE"), cell("SETOR")};
     const auto pieces
         = Number(cell("QUANT")) + Number(cell("QUANT_2")) + Number(cell("QUANT_I")) + Number(cell("QUANT_F"));
     Click("BitBtn6");
-    const bool asked = client_.HasDialog();
+    const bool asked = client_->HasDialog();
     if (!Answer(TEventKind::Confirmation) || !asked)
         return;
     ledger_.Add(place, -pieces);
@@ -302,7 +321,7 @@ void TLoadClerk::Think(double share)
 void TLoadClerk::Do(json event, TEventKind kind)
 {
     try {
-        client_.Do(std::move(event), kind);
+        client_->Do(std::move(event), kind);
     } catch (const std::runtime_error& error) {
         counts_.Count(Kind(error.what()));
         throw TGaveUp();
@@ -339,14 +358,14 @@ void TLoadClerk::Fill(const std::string& control, const std::string& text)
 /// The item whose code it is; false when there is none.
 bool TLoadClerk::Choose(const std::string& combo, const std::string& item)
 {
-    const auto items = client_.Property(combo, "items").get<std::vector<std::string>>();
+    const auto items = client_->Property(combo, "items").get<std::vector<std::string>>();
     const auto found = std::ranges::find_if(items, [&](const std::string& text) {
         return text.substr(0, std::min(text.find_first_of(" |"), text.size())) == item;
     });
     if (found == items.end())
         return false;
     const auto index = found - items.begin();
-    if (client_.Property(combo, "itemIndex") == json(index))
+    if (client_->Property(combo, "itemIndex") == json(index))
         return true;
     Think();
     auto event = Event("select", combo);
@@ -357,7 +376,7 @@ bool TLoadClerk::Choose(const std::string& combo, const std::string& item)
 
 void TLoadClerk::TurnTo(int page)
 {
-    if (client_.Property("PageControl2", "activePage") == json(page))
+    if (client_->Property("PageControl2", "activePage") == json(page))
         return;
     Think();
     auto event = Event("page", "PageControl2");
@@ -368,12 +387,13 @@ void TLoadClerk::TurnTo(int page)
 bool TLoadClerk::Answer(TEventKind kind)
 {
     bool known = true;
-    while (client_.HasDialog()) {
-        const auto& dialog = client_.Dialog();
+    while (client_->HasDialog()) {
+        const auto& dialog = client_->Dialog();
         const auto text = dialog.value("text", "");
         const bool yes = IsAskedAlways(text);
         if (!yes) {
             known = false;
+            leftPending_ = leftPending_ || IsFailure(text);
             counts_.Count("\"" + Kind(text) + "\"");
         }
         Think();

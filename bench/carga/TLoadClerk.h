@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <random>
 #include <string>
@@ -46,8 +47,11 @@ private:
 /// Somebody who works at the movement's screen until the plan's end: moves, reads, takes back, looks up.
 class TLoadClerk {
 public:
-    TLoadClerk(TLoadClient& client, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger,
-        TLoadCounts& counts);
+    using TLogIn = std::function<std::unique_ptr<TLoadClient>()>;
+
+    /// Logs in.
+    TLoadClerk(
+        TLogIn logIn, TLoadPlan& plan, std::size_t number, std::size_t clerks, TLedger& ledger, TLoadCounts& counts);
 
     void Work();
 
@@ -65,6 +69,9 @@ private:
     double ReadCodes();
     void Confirm(const TLeavingPlace& place, double pieces);
     void GiveUp();
+    void ComeAnew();
+    void OpenScreen();
+    bool InEntry() const;
 
     void Think(double share = 1);
     void Click(const std::string& control, TEventKind kind = TEventKind::Step);
@@ -77,7 +84,9 @@ private:
     void Do(nlohmann::json event, TEventKind kind = TEventKind::Step);
     std::size_t Below(std::size_t limit) { return limit == 0 ? 0 : random_() % limit; }
 
-    TLoadClient& client_;
+    const TLogIn logIn_;
+    std::unique_ptr<TLoadClient> client_;
+    bool leftPending_ = false; ///< something that he was told failed
     TLoadPlan& plan_;
     const std::size_t number_;
     const std::size_t clerks_;

@@ -24,6 +24,9 @@ public:
     TLoadClient(const TLoadClient&) = delete;
     TLoadClient& operator=(const TLoadClient&) = delete;
 
+    /// Ends the session; what it did not commit is undone. Nothing else may be asked of the client afterwards.
+    void LogOut() { session_->End(""); }
+
     /// Sends the event and waits until it is carried out. std::runtime_error with what the server says against it.
     void Do(nlohmann::json event, TEventKind kind = TEventKind::Step);
     /// Sends without waiting, as a scanner types.
