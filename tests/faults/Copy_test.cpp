@@ -1,4 +1,4 @@
-// A copy that is made while users work, and what is made of it.
+// A copy that is made and restored while users work, and what is made of it.
 
 #include "app/TLocalControl.h"
 #include "faults/TWorkshop.h"
@@ -47,6 +47,9 @@ TEST_P(Copy, HoldsOneMomentOfTheWorkOfOthers)
     const auto copy = OtherAddress();
     CopyContents(Address(), copy, false);
     const int during = pairs;
+    const auto restored = OtherAddress();
+    CopyContents(copy, restored, false);
+    const int whenRestored = pairs;
     working = false;
     user.join();
 
@@ -55,7 +58,9 @@ TEST_P(Copy, HoldsOneMomentOfTheWorkOfOthers)
     EXPECT_EQ(Pairs(*copied, {"SELECT COUNT(*) FROM {GERALOG} WHERE MODULO = 'PAR'"}), colours);
     EXPECT_GE(colours, 5);
     EXPECT_LE(colours, during + 1);
-    EXPECT_GT(pairs, 5) << "nobody worked while the copy was made";
+    EXPECT_GT(during, 5) << "nobody worked while the copy was made";
+    EXPECT_GT(whenRestored, during) << "nobody worked while it was restored";
+    EXPECT_EQ(Committed(*OpenDatabase(restored)), Committed(*copied));
 }
 
 TEST_P(Copy, IsWorkedInWhenItIsRestored)
