@@ -117,12 +117,15 @@ void TfmFacMov::edtDtProducaoExit()
     AtualizaPrevRetorno();
 }
 
+// Grouped, here and where the flow of a part is asked for: for a bare maximum PostgreSQL walks back through all that is newer
+// than the order.
 void TfmFacMov::ValidaDataProducao()
 {
     TStatement select("SELECT MAX(DT_S) FROM {FACCAO} WHERE NUMERO = ? AND OP = ? AND PARTE = ?", edtOFNum.text(),
         EdtSetor.text(), Parte());
     if (!cbMovimento.empty())
         select.Add(" AND MOV = ?", BareNumber(cbMovimento.text()));
+    select.Add(" GROUP BY NUMERO");
     const TDateTime ultima = ConsultaValor(select).AsDateTime();
     if (ultima.IsBlank() || edtDtProducao.Date() >= ultima)
         return;

@@ -70,8 +70,9 @@ void TfmFacMov::BitBtn1Click()
         return Recusa("Número de OF inválido.", edtM02OF);
 
     const std::string parte = Left(CbEstorParte.text(), 2);
-    const TValue fluxo = ConsultaValor(
-        "SELECT MAX(FLUXO) AS FLUXO FROM {FACCAO} WHERE NUMERO = ? AND PARTE = ?", edtM02OF.text(), parte);
+    const TValue fluxo
+        = ConsultaValor("SELECT MAX(FLUXO) AS FLUXO FROM {FACCAO} WHERE NUMERO = ? AND PARTE = ? GROUP BY NUMERO",
+            edtM02OF.text(), parte);
     TStatement& select = QryEstorno.SQL = TStatement(R"(
         SELECT FACCAO.MOV, FACCAO.PARTE, PARTE.DESCRICAO AS DESC_PARTE, FACCAO.OP AS SETOR,
                CADFLUXO.DESCRICAO AS DESC_SETOR, FACCAO.CODCLI, CLIENTE.NOME, FACCAO.COR, COR.DESCRICAO AS DESC_COR,
@@ -360,7 +361,8 @@ void TfmFacMov::EstornaBaixa()
 {
     const std::string ultimo = ConsultaValor(R"(
         SELECT FLUXO.SETOR FROM {FLUXO} FLUXO
-         WHERE FLUXO.CODIGO = (SELECT MAX(FACCAO.FLUXO) FROM {FACCAO} FACCAO WHERE FACCAO.NUMERO = ? AND FACCAO.PARTE = ?)
+         WHERE FLUXO.CODIGO = (SELECT MAX(FACCAO.FLUXO) FROM {FACCAO} FACCAO
+                                WHERE FACCAO.NUMERO = ? AND FACCAO.PARTE = ? GROUP BY FACCAO.NUMERO)
          ORDER BY FLUXO.ORDEM DESC, FLUXO.IDENTIFICADOR DESC)",
         QryEstorno.NUMERO.value(), QryEstorno.PARTE.value())
                                    .AsString();
