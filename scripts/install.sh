@@ -2,7 +2,7 @@
 # shellcheck shell=bash disable=SC2154,SC2034  # root is set in common.sh; the lists are used by name
 
 build_packages=(
-    g++ cmake ninja-build ccache mold pkg-config ca-certificates
+    g++ cmake ninja-build ccache pkg-config ca-certificates
     firebird-dev libpq-dev libboost-dev nlohmann-json3-dev libsodium-dev libcurl4-openssl-dev libssl-dev
     liblua5.4-dev libxlsxwriter-dev libzint-dev libzip-dev libexpat1-dev libspdlog-dev libfmt-dev libcli11-dev
     libgtest-dev libgmock-dev libbenchmark-dev

@@ -3,6 +3,7 @@
 #include "platform/database/schema.h"
 
 #include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <map>
 #include <unistd.h>
@@ -30,6 +31,14 @@ std::string FreshName()
     return "alinhavo_" + std::to_string(getpid()) + "_" + std::to_string(++last);
 }
 
+/// The thread sanitizer leaves the engine's threads alone, and gives up when the engine is unloaded.
+void KeepEngineLoaded()
+{
+#ifdef __SANITIZE_THREAD__
+    dlopen("libEngine12.so", RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
+#endif
+}
+
 /// Databases with the schema, made once for each server; the tests work in copies of them.
 class TTemplates : public testing::Environment {
 public:
@@ -40,6 +49,7 @@ public:
             address = FreshAddress(server);
             CreateDatabase(address, {.forcedWrites = false});
             MigrateSchema(*OpenDatabase(address));
+            KeepEngineLoaded();
         }
         return address;
     }
